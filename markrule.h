@@ -1,0 +1,38 @@
+// MarkRule umbrella header: every public class of the library and of the host contract.
+#ifndef MARKRULE_H
+#define MARKRULE_H
+
+// Host contract: MarkCore interfaces, project data and plain records
+#include "markrule_global.h"
+#include "markrecords.h"
+#include "markpointer.h"
+#include "qclassifyitemvirtual.h"
+#include "qclassifyvirtual.h"
+#include "qmarkcategoryvirtual.h"
+#include "qprojectdatavirtual.h"
+#include "qratingitemvirtual.h"
+#include "qresourcevirtual.h"
+#include "qscenevirtual.h"
+#include "qworkitemvirtual.h"
+
+// Module
+#include "markrulemodule.h"
+
+// Rating-item framework
+#include "qratingitembase.h"
+#include "qratingitem_general.h"
+
+// Schedule rating items
+
+// Pricing and building-model rating items
+
+// Category framework
+#include "qmarkcategorybase.h"
+
+// Schedule categories
+
+// Resources and scenes
+#include "qresourcebase.h"
+#include "qscenebase.h"
+
+#endif // MARKRULE_H

@@ -1,0 +1,340 @@
+#include "qratingitem_general.h"
+
+#include "calcalgorithm.h"
+#include "markpointer.h"
+#include "ratingitemtexts_p.h"
+#include "recordio_p.h"
+
+#include <QJsonValue>
+#include <QStringList>
+
+namespace {
+
+// Smallest stream record of a child: five integers, five empty strings, three doubles, a bool, an
+// invalid variant and a child count.
+const qint64 kMinItemRecordBytes = 5 * 4 + 5 * 4 + 3 * 8 + 1 + 5 + 4;
+
+} // namespace
+
+QRatingItem_General::QRatingItem_General(QObject* parent) : QRatingItemBase(parent) {}
+QRatingItem_General::~QRatingItem_General() = default;
+
+QString QRatingItem_General::GetRatingItemName() { return m_name; }
+QString QRatingItem_General::GetRatingItemUnit() { return m_unit; }
+QString QRatingItem_General::GetRatingItemValue() { return formatValue(m_value); }
+QString QRatingItem_General::GetRatingItemValueStd() { return formatValue(m_valueStd); }
+void QRatingItem_General::SetRatingItemLock(const bool& locked) { m_locked = locked; }
+bool QRatingItem_General::GetRatingItemLock() { return m_locked; }
+void QRatingItem_General::SetRatingItemName(const QString& name) { m_name = name; }
+void QRatingItem_General::SetRatingItemUnit(const QString& unit) { m_unit = unit; }
+void QRatingItem_General::SetAttributeType(const int& type) { m_attributeType = type; }
+int QRatingItem_General::GetAttributeType() { return m_attributeType; }
+void QRatingItem_General::SetRatingItemAttribute(const QVariant& data) { m_attribute = data; }
+void QRatingItem_General::GetRatingItemAttribute(QVariant& out) { out = m_attribute; }
+void QRatingItem_General::SetRatingItemCode(const QString& code) { m_code = code; }
+void QRatingItem_General::SetRatingItemPrecision(const int& precision) { m_precision = precision; }
+QString QRatingItem_General::GetRatingItemCode() { return m_code; }
+void QRatingItem_General::SetRatingItemIndexRule(const int& rule) { m_indexRule = rule; }
+void QRatingItem_General::SetRatingItemScoreRule(const int& rule) { m_scoreRule = rule; }
+double QRatingItem_General::CalculateRatingItemScore(void*) { return 0.0; }
+bool QRatingItem_General::IsSurplusIgnored() { return false; }
+bool QRatingItem_General::SkipRatingItemMatch(QList<void*>&, const bool&) { return false; }
+void QRatingItem_General::DoSerializeExtra(QDataStream&, const bool&) {}
+void QRatingItem_General::DoSerializeExtra(QJsonObject&, const bool&) {}
+
+void QRatingItem_General::SetRatingItemValue(const int& value)
+{
+    m_dataType = 5;
+    m_value = QString::number(value);
+}
+
+void QRatingItem_General::SetRatingItemValue(const double& value)
+{
+    m_dataType = 1;
+    m_value = QString::number(value, 'f', 10);
+}
+
+void QRatingItem_General::SetRatingItemValue(const QString& text, const bool&) { m_value = text; }
+
+QString QRatingItem_General::formatValue(const QString& text) const
+{
+    if (m_dataType != 1 && m_dataType != 5)
+        return text;
+    const double number = text.toDouble(); // text that is not a number reads as 0
+    return Double2String(number, m_precision);
+}
+
+QString QRatingItem_General::GetRatingItemCode(const QString& text)
+{
+    return (m_indexRule == 4 || m_indexRule == 5) ? text : m_code;
+}
+
+QString QRatingItem_General::GetRatingItemIndex()
+{
+    QString text;
+    switch (m_indexRule) {
+    case 0:
+        text = m_code;
+        break;
+    case 1:
+        text = m_name;
+        break;
+    case 4:
+        text = m_attribute.toStringList().join(QLatin1Char(','));
+        break;
+    case 5:
+        text = m_value;
+        break;
+    default:
+        break;
+    }
+    return text.simplified();
+}
+
+void QRatingItem_General::AddRatingItem(void* child, const bool&)
+{
+    QRatingItemVirtual* item = MarkPointer::item(child);
+    if (!item)
+        return;
+    appendChild(child);
+    const QString key = item->GetRatingItemIndex();
+    if (!key.isEmpty())
+        insertAnswerChild(key, child);
+}
+
+void* QRatingItem_General::GetRatingItemByIndex(const QString& text)
+{
+    return answerChildMap().value(text, nullptr);
+}
+
+void QRatingItem_General::ClearLastRatingData()
+{
+    m_scoreStd = 0.0;
+    m_score = 0.0;
+    m_valueStd.clear();
+    m_remark.clear();
+    for (void* pointer : childList()) {
+        if (QRatingItemVirtual* child = MarkPointer::item(pointer))
+            child->ClearLastRatingData();
+    }
+}
+
+double QRatingItem_General::ExecuteDBScore(void* standardItem, const int& mode)
+{
+    QRatingItem_General* standard = MarkPointer::item<QRatingItem_General>(standardItem);
+    if (!standard)
+        return 0.0;
+    m_scoreStd = standard->m_score;
+    m_valueStd = standard->m_value;
+    SetRatingItemStatus(mode, standardItem);
+    if (standard->HasChildRatingItem()) {
+        clearChildList();
+        ScoreChildRatingItems(mode, standardItem);
+        return m_score;
+    }
+    if (mode == 1)
+        m_score = CalculateRatingItemScore(standardItem);
+    return m_score;
+}
+
+void QRatingItem_General::SetRatingItemStatus(const int& status, void* standardItem)
+{
+    if (status == 2) {
+        QRatingItem_General* standard = MarkPointer::item<QRatingItem_General>(standardItem);
+        if (!standard)
+            return;
+        m_score = 0.0;
+        m_dataType = standard->m_dataType;
+        m_attributeType = standard->m_attributeType;
+        m_indexRule = standard->m_indexRule;
+        m_precision = standard->m_precision;
+        m_scoreRule = standard->m_scoreRule;
+        m_name = standard->m_name;
+        m_code = standard->m_code;
+        m_unit = standard->m_unit;
+        m_lowerRange = standard->m_lowerRange;
+        m_upperRange = standard->m_upperRange;
+        m_attribute = standard->m_attribute;
+        m_remark = RatingItemText::missing();
+    } else if (status == 4) {
+        ClearLastRatingData();
+        m_remark = RatingItemText::surplus();
+    } else {
+        m_remark.clear();
+    }
+}
+
+void QRatingItem_General::ScoreChildRatingItems(const int& mode, void* standardItem)
+{
+    QRatingItemVirtual* standard = MarkPointer::item(standardItem);
+    if (!standard)
+        return;
+    QMultiMap<QString, void*> remaining = answerChildMap();
+    m_score = 0.0;
+    QList<void*> standardChildren;
+    standard->GetRatingItemList(standardChildren);
+    MatchChildRatingItems(mode, remaining, standardChildren);
+    if (!remaining.isEmpty() && !IsSurplusIgnored())
+        HandleSurplusRatingItems(remaining, standardChildren);
+    if (mode == 1)
+        AdjustRatingItemScore();
+}
+
+void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
+                                                QList<void*>& standardChildren)
+{
+    // A candidate child that two standard children share is scored and listed for the first only.
+    QSet<void*> matched;
+    QList<void*> candidates;
+    for (void* standardPointer : standardChildren) {
+        QRatingItemVirtual* standardChild = MarkPointer::item(standardPointer);
+        if (!standardChild)
+            continue;
+        const QString key = standardChild->GetRatingItemIndex();
+        candidates = answerChildMap().values(key);
+        if (SkipRatingItemMatch(candidates, false))
+            continue;
+        if (!candidates.isEmpty()) {
+            void* pointer = candidates.first();
+            QRatingItemVirtual* match = MarkPointer::item(pointer);
+            if (!match)
+                continue;
+            if (!matched.contains(pointer)) {
+                matched.insert(pointer);
+                m_score += match->ExecuteDBScore(standardPointer, mode);
+                appendChild(pointer);
+            }
+            remaining.remove(key);
+            continue;
+        }
+        void* created = CreateRatingItem(nullptr);
+        QRatingItemVirtual* missing = MarkPointer::item(created);
+        if (!missing) {
+            delete MarkPointer::object(created);
+            return;
+        }
+        appendChild(created);
+        m_score += missing->ExecuteDBScore(standardPointer, 2);
+    }
+    SkipRatingItemMatch(candidates, true);
+}
+
+void QRatingItem_General::HandleSurplusRatingItems(QMultiMap<QString, void*>& remaining, QList<void*>&)
+{
+    QSet<void*> listed;
+    for (auto it = remaining.cbegin(); it != remaining.cend(); ++it) {
+        QRatingItem_General* surplus = MarkPointer::item<QRatingItem_General>(it.value());
+        if (!surplus || listed.contains(it.value()))
+            continue;
+        listed.insert(it.value());
+        surplus->SetRatingItemStatus(4, nullptr);
+        appendChild(it.value());
+    }
+}
+
+void QRatingItem_General::DoSerialize(QJsonObject& object, const bool& read)
+{
+    DoSerializeItem(object, read);
+    QRatingItemBase::DoSerialize(object, read);
+}
+
+void QRatingItem_General::DoSerializeItem(QJsonObject& object, const bool& read)
+{
+    using namespace RecordIO;
+    if (read) {
+        m_attributeType = jsonInt(object, QStringLiteral("attribute"));
+        m_indexRule = jsonInt(object, QStringLiteral("indexrule"));
+        m_scoreRule = jsonInt(object, QStringLiteral("scorerule"));
+        m_dataType = jsonInt(object, QStringLiteral("datatype"));
+        m_precision = jsonInt(object, QStringLiteral("precision"));
+        m_code = jsonString(object, QStringLiteral("code"));
+        m_name = jsonString(object, QStringLiteral("name"));
+        m_value = jsonString(object, QStringLiteral("value"));
+        m_unit = jsonString(object, QStringLiteral("unit"));
+        m_remark = jsonString(object, QStringLiteral("remark"));
+        m_score = jsonDouble(object, QStringLiteral("score"));
+        m_upperRange = jsonDouble(object, QStringLiteral("upperrange"));
+        m_lowerRange = jsonDouble(object, QStringLiteral("lowerrange"));
+        m_locked = jsonBool(object, QStringLiteral("locked"));
+        QJsonValue attribute = object.value(QStringLiteral("attridata"));
+        if (attribute.isUndefined())
+            attribute = QJsonValue(QJsonValue::Null);
+        m_attribute = attribute.toVariant();
+    } else {
+        object.insert(QStringLiteral("attribute"), m_attributeType);
+        object.insert(QStringLiteral("indexrule"), m_indexRule);
+        object.insert(QStringLiteral("scorerule"), m_scoreRule);
+        object.insert(QStringLiteral("datatype"), m_dataType);
+        object.insert(QStringLiteral("precision"), m_precision);
+        object.insert(QStringLiteral("code"), m_code);
+        object.insert(QStringLiteral("name"), m_name);
+        object.insert(QStringLiteral("value"), m_value);
+        object.insert(QStringLiteral("unit"), m_unit);
+        object.insert(QStringLiteral("remark"), m_remark);
+        object.insert(QStringLiteral("score"), m_score);
+        object.insert(QStringLiteral("upperrange"), m_upperRange);
+        object.insert(QStringLiteral("lowerrange"), m_lowerRange);
+        object.insert(QStringLiteral("locked"), m_locked);
+        object.insert(QStringLiteral("attridata"), QJsonValue::fromVariant(m_attribute));
+    }
+    DoSerializeExtra(object, read);
+}
+
+void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read)
+{
+    RecordIO::DepthGuard guard;
+    if (!guard.ok()) {
+        stream.setStatus(read ? QDataStream::ReadCorruptData : QDataStream::WriteFailed);
+        return;
+    }
+    if (!read) {
+        stream << qint32(m_attributeType) << qint32(m_indexRule) << qint32(m_scoreRule) << qint32(m_dataType)
+               << qint32(m_precision) << m_code << m_name << m_value << m_unit << m_remark << m_score
+               << m_upperRange << m_lowerRange << m_locked;
+        RecordIO::writeVariant(stream, m_attribute);
+        DoSerializeExtra(stream, false);
+        QList<QRatingItemVirtual*> children;
+        for (void* pointer : childList()) {
+            if (QRatingItemVirtual* child = MarkPointer::item(pointer))
+                children.append(child);
+        }
+        stream << qint32(children.size());
+        for (QRatingItemVirtual* child : children) {
+            if (!RecordIO::good(stream))
+                return;
+            child->DoSerialize(stream, false);
+        }
+        return;
+    }
+    qint32 attributeType = 0, indexRule = 0, scoreRule = 0, dataType = 0, precision = 0;
+    stream >> attributeType >> indexRule >> scoreRule >> dataType >> precision >> m_code >> m_name >> m_value >>
+        m_unit >> m_remark >> m_score >> m_upperRange >> m_lowerRange >> m_locked;
+    m_attributeType = attributeType;
+    m_indexRule = indexRule;
+    m_scoreRule = scoreRule;
+    m_dataType = dataType;
+    m_precision = precision;
+    if (!RecordIO::good(stream))
+        return;
+    RecordIO::readVariant(stream, m_attribute);
+    if (!RecordIO::good(stream))
+        return;
+    DoSerializeExtra(stream, true);
+    qint32 count = 0;
+    if (!RecordIO::good(stream) || !RecordIO::readCount(stream, count, kMinItemRecordBytes))
+        return;
+    for (qint32 i = 0; i < count && RecordIO::good(stream); ++i) {
+        void* pointer = CreateRatingItem(nullptr);
+        QRatingItemVirtual* child = MarkPointer::item(pointer);
+        if (!child) {
+            // The child's record cannot be skipped without knowing its class: stop here.
+            delete MarkPointer::object(pointer);
+            RecordIO::refuse(stream);
+            return;
+        }
+        child->DoSerialize(stream, true);
+        AddRatingItem(pointer, true);
+        // Owned even when a subclass's AddRatingItem does not take it.
+        takeOwnership(pointer);
+    }
+}

@@ -1,0 +1,81 @@
+// QRatingItem_General: a describable, comparable criterion (name, code, unit, value with data type
+// and precision, index rule, score rule, attribute type and data, tolerance band, lock). It scores a
+// candidate's tree against the standard's generically: children pair up by index text, a standard
+// child without partner yields a zero-score missing item, a candidate child without partner becomes a
+// zero-score surplus item, parents sum their children and leaves are scored by a product hook. It
+// also defines the item record (JSON object and QDataStream record).
+#ifndef QRATINGITEM_GENERAL_H
+#define QRATINGITEM_GENERAL_H
+
+#include "qratingitembase.h"
+
+#include <QVariant>
+
+class MARKRULE_EXPORT QRatingItem_General : public QRatingItemBase {
+    Q_OBJECT
+public:
+    explicit QRatingItem_General(QObject* parent = nullptr);
+    ~QRatingItem_General() override;
+
+    QString GetRatingItemName() override;
+    QString GetRatingItemUnit() override;
+    QString GetRatingItemValue() override;
+    QString GetRatingItemValueStd() override;
+    void AddRatingItem(void* child, const bool& flag) override;
+    void SetRatingItemLock(const bool& locked) override;
+    bool GetRatingItemLock() override;
+    void* GetRatingItemByIndex(const QString& text) override;
+    void DoSerialize(QJsonObject& object, const bool& read) override;
+    void DoSerialize(QDataStream& stream, const bool& read) override;
+    double ExecuteDBScore(void* standardItem, const int& mode) override;
+    void SetRatingItemName(const QString& name) override;
+    void SetRatingItemUnit(const QString& unit) override;
+    using QRatingItemBase::SetRatingItemValue;
+    void SetRatingItemValue(const int& value) override;
+    void SetRatingItemValue(const double& value) override;
+    void SetRatingItemValue(const QString& text, const bool& flag) override;
+    void SetAttributeType(const int& type) override;
+    int GetAttributeType() override;
+    void SetRatingItemAttribute(const QVariant& data) override;
+    void GetRatingItemAttribute(QVariant& out) override;
+    void SetRatingItemCode(const QString& code) override;
+    void SetRatingItemPrecision(const int& precision) override;
+    QString GetRatingItemCode(const QString& text) override;
+    QString GetRatingItemCode() override;
+    QString GetRatingItemIndex() override;
+    void ClearLastRatingData() override;
+    void SetRatingItemIndexRule(const int& rule) override;
+    void SetRatingItemScoreRule(const int& rule) override;
+    void DoSerializeItem(QJsonObject& object, const bool& read) override;
+
+    virtual void SetRatingItemStatus(const int& status, void* standardItem);
+    virtual void ScoreChildRatingItems(const int& mode, void* standardItem);
+    virtual double CalculateRatingItemScore(void* standardItem);
+    virtual bool IsSurplusIgnored();
+    virtual bool SkipRatingItemMatch(QList<void*>& candidates, const bool& finished);
+    virtual void MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
+                                       QList<void*>& standardChildren);
+    virtual void HandleSurplusRatingItems(QMultiMap<QString, void*>& remaining, QList<void*>& standardChildren);
+    virtual void DoSerializeExtra(QDataStream& stream, const bool& read);
+    virtual void DoSerializeExtra(QJsonObject& object, const bool& read);
+
+protected:
+    // A stored value text as shown: numbers (data types 1 and 5) formatted with the precision.
+    QString formatValue(const QString& text) const;
+
+    int m_dataType = 0;
+    int m_indexRule = 0;
+    int m_scoreRule = 0;
+    QString m_value;
+    QString m_code;
+    QString m_name;
+    double m_upperRange = 5.0;
+    double m_lowerRange = 2.0;
+    QString m_unit;
+    int m_attributeType = 0;
+    int m_precision = 0;
+    bool m_locked = false;
+    QVariant m_attribute;
+};
+
+#endif // QRATINGITEM_GENERAL_H

@@ -1,0 +1,168 @@
+#include "qratingitembase.h"
+
+#include "markpointer.h"
+#include "ratingitemtexts_p.h"
+#include "recordio_p.h"
+
+#include <QJsonArray>
+
+QRatingItemBase::QRatingItemBase(QObject* parent) : QRatingItemVirtual(parent) {}
+
+QRatingItemBase::~QRatingItemBase() { QRatingItemBase::ClearRatingItemData(); }
+
+double QRatingItemBase::GetRatingItemScore() { return m_score; }
+double QRatingItemBase::GetRatingItemScoreStd() { return m_scoreStd; }
+int QRatingItemBase::GetRatingItemLevel() { return m_level; }
+void QRatingItemBase::GetRatingItemList(QList<void*>& out) { out = m_children; }
+bool QRatingItemBase::GetRatingItemLock() { return false; }
+QString QRatingItemBase::GetRatingItemRemark() { return m_remark; }
+void QRatingItemBase::SetRatingItemScoreStd(const double& score) { m_scoreStd = score; }
+void QRatingItemBase::SetRatingItemScore(const double& score) { m_score = score; }
+void QRatingItemBase::SetRatingItemRemark(const QString& remark) { m_remark = remark; }
+void QRatingItemBase::SetRatingItemLevel(const int& level) { m_level = level; }
+int QRatingItemBase::GetChildItemCount() { return m_children.size(); }
+bool QRatingItemBase::HasChildRatingItem() { return !m_children.isEmpty(); }
+QString QRatingItemBase::GetClassName() { return QStringLiteral("QRatingItemBase"); }
+
+bool QRatingItemBase::takeOwnership(void* child)
+{
+    if (!child || child == MarkPointer::fromItem(this))
+        return false;
+    if (!m_ownedSet.contains(child)) {
+        m_ownedSet.insert(child);
+        m_owned.append(child);
+    }
+    return true;
+}
+
+void QRatingItemBase::appendChild(void* child)
+{
+    if (takeOwnership(child))
+        m_children.append(child);
+}
+
+void QRatingItemBase::insertAnswerChild(const QString& key, void* child)
+{
+    if (takeOwnership(child))
+        m_answerChildren.insert(key, child);
+}
+
+void QRatingItemBase::replaceChildList(const QList<void*>& children)
+{
+    m_children.clear();
+    for (void* child : children)
+        appendChild(child);
+}
+
+void QRatingItemBase::ClearRatingItemData(QList<void*>& items)
+{
+    QSet<void*> deleted;
+    for (void* pointer : items) {
+        if (!pointer || deleted.contains(pointer))
+            continue;
+        deleted.insert(pointer);
+        delete MarkPointer::item(pointer);
+    }
+}
+
+void QRatingItemBase::ClearRatingItemData()
+{
+    // Detach first, so that nothing reachable from this item points at a deleted child.
+    QList<void*> owned;
+    owned.swap(m_owned);
+    m_ownedSet.clear();
+    m_children.clear();
+    m_answerChildren.clear();
+    ClearRatingItemData(owned);
+}
+
+void QRatingItemBase::AssignScore(const double& score)
+{
+    m_score = score;
+    const int count = m_children.size();
+    if (count == 0)
+        return;
+    const double share = score / count;
+    for (void* pointer : m_children) {
+        if (QRatingItemVirtual* child = MarkPointer::item(pointer))
+            child->AssignScore(share);
+    }
+}
+
+int QRatingItemBase::EliminateLockItem(double& rest)
+{
+    int locked = 0;
+    for (void* pointer : m_children) {
+        QRatingItemVirtual* child = MarkPointer::item(pointer);
+        if (child && child->GetRatingItemLock()) {
+            rest -= child->GetRatingItemScoreStd();
+            ++locked;
+        }
+    }
+    return locked;
+}
+
+void QRatingItemBase::RedistributeScore(const double& score)
+{
+    if (GetRatingItemLock())
+        return;
+    m_scoreStd = score;
+    double rest = score;
+    const int locked = EliminateLockItem(rest);
+    const int count = m_children.size();
+    if (count <= locked)
+        return;
+    const double share = rest / (count - locked);
+    for (void* pointer : m_children) {
+        QRatingItemVirtual* child = MarkPointer::item(pointer);
+        if (child && !child->GetRatingItemLock())
+            child->RedistributeScore(share);
+    }
+}
+
+void QRatingItemBase::AdjustRatingItemScore()
+{
+    if ((m_scoreStd >= 0.0 && m_score < 0.0) || (m_scoreStd < 0.0 && m_score > 0.0)) {
+        m_score = 0.0;
+        m_remark = RatingItemText::scoreClamped();
+    }
+}
+
+void QRatingItemBase::DoSerialize(QJsonObject& object, const bool& read)
+{
+    const QString key = QStringLiteral("items");
+    // Below the depth limit a subtree is neither read nor written (it would not read back).
+    RecordIO::DepthGuard guard;
+    if (!guard.ok())
+        return;
+    if (!read) {
+        QJsonArray array;
+        for (void* pointer : m_children) {
+            if (QRatingItemVirtual* child = MarkPointer::item(pointer)) {
+                QJsonObject childObject;
+                child->DoSerialize(childObject, false);
+                array.append(childObject);
+            }
+        }
+        if (!array.isEmpty())
+            object.insert(key, array);
+        return;
+    }
+    const QJsonValue value = object.value(key);
+    if (!value.isArray())
+        return;
+    const QJsonArray array = value.toArray();
+    for (const QJsonValue& element : array) {
+        void* pointer = CreateRatingItem(nullptr);
+        QRatingItemVirtual* child = MarkPointer::item(pointer);
+        if (!child) {
+            delete MarkPointer::object(pointer);
+            continue;
+        }
+        QJsonObject childObject = element.isObject() ? element.toObject() : QJsonObject();
+        child->DoSerialize(childObject, true);
+        AddRatingItem(pointer, true);
+        // A subclass that ignores AddRatingItem still owns what it created.
+        takeOwnership(pointer);
+    }
+}

@@ -1,0 +1,4 @@
+#include "qclassifyitemvirtual.h"
+
+QClassifyItemVirtual::QClassifyItemVirtual(QObject* parent) : QObject(parent) {}
+QClassifyItemVirtual::~QClassifyItemVirtual() = default;

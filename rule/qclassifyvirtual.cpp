@@ -1,0 +1,4 @@
+#include "qclassifyvirtual.h"
+
+QClassifyVirtual::QClassifyVirtual(QObject* parent) : QObject(parent) {}
+QClassifyVirtual::~QClassifyVirtual() = default;

@@ -1,0 +1,4 @@
+#include "qratingitemvirtual.h"
+
+QRatingItemVirtual::QRatingItemVirtual(QObject* parent) : QObject(parent) {}
+QRatingItemVirtual::~QRatingItemVirtual() = default;

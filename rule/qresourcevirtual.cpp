@@ -1,0 +1,4 @@
+#include "qresourcevirtual.h"
+
+QResourceVirtual::QResourceVirtual(QObject* parent) : QObject(parent) {}
+QResourceVirtual::~QResourceVirtual() = default;

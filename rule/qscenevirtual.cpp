@@ -1,0 +1,4 @@
+#include "qscenevirtual.h"
+
+QSceneVirtual::QSceneVirtual(QObject* parent) : QObject(parent) {}
+QSceneVirtual::~QSceneVirtual() = default;

@@ -1,0 +1,4 @@
+#include "qworkitemvirtual.h"
+
+QWorkItemVirtual::QWorkItemVirtual(QObject* parent) : QObject(parent) {}
+QWorkItemVirtual::~QWorkItemVirtual() = default;

@@ -33,6 +33,8 @@
 
 // Resources and scenes
 #include "qresourcebase.h"
+#include "qresource_sked.h"
+#include "qresource_sked_site.h"
 #include "qscenebase.h"
 
 #endif // MARKRULE_H

@@ -33,6 +33,11 @@
 
 // Resources and scenes
 #include "qresourcebase.h"
+#include "qresource_sked.h"
+#include "qresource_sked_site.h"
 #include "qscenebase.h"
+#include "qscene_sked.h"
+#include "qscene_site.h"
+#include "qscene_twin.h"
 
 #endif // MARKRULE_H

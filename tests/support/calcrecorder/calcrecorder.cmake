@@ -1,0 +1,15 @@
+# Substitutes the recording CalcAlgorithm double for the stand-in in one test executable. The
+# executable defines the CalcAlgorithm functions itself and exports them (ENABLE_EXPORTS gives
+# --export-dynamic), so the dynamic linker binds MarkRule's calls to the executable's definitions,
+# which come first in the lookup order, although libCalcAlgorithm is still loaded as MarkRule's
+# dependency. Each such test checks in initTestCase that the substitution took place.
+include_guard(GLOBAL)
+set(MARKRULE_CALC_RECORDER_DIR ${CMAKE_CURRENT_LIST_DIR})
+
+function(markrule_use_calc_recorder target)
+    target_sources(${target} PRIVATE ${MARKRULE_CALC_RECORDER_DIR}/calcrecorder.cpp
+        ${MARKRULE_CALC_RECORDER_DIR}/calcrecorder.h)
+    target_include_directories(${target} PRIVATE ${MARKRULE_CALC_RECORDER_DIR}
+        $<TARGET_PROPERTY:CalcAlgorithm,INTERFACE_INCLUDE_DIRECTORIES>)
+    set_target_properties(${target} PROPERTIES ENABLE_EXPORTS ON)
+endfunction()

@@ -155,7 +155,7 @@ void QRatingItem_Tally::AddRatingItem(void* child, const bool&) {
     QRatingItemVirtual* item = MarkPointer::item(child);
     if (!item || !takeOwnership(child))
         return;
-    addedChildren();
+    addedChildren(); // forgets children an earlier ClearRatingItemData released
     appendChild(child);
     m_addedChildren.append(child);
     insertAnswerChild(tallyKey(item), child);

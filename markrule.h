@@ -25,6 +25,8 @@
 // Schedule rating items
 
 // Pricing and building-model rating items
+#include "qratingitem_tally.h"
+#include "qratingitem_shape.h"
 
 // Category framework
 #include "qmarkcategorybase.h"

@@ -23,6 +23,8 @@
 #include "qratingitem_general.h"
 
 // Schedule rating items
+#include "qratingitem_sked.h"
+#include "qratingitem_sked_scene.h"
 
 // Pricing and building-model rating items
 #include "qratingitem_tally.h"

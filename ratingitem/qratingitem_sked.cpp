@@ -1,0 +1,355 @@
+#include "qratingitem_sked.h"
+
+#include "markpointer.h"
+#include "markpublic.h"
+#include "markrecords.h"
+#include "ratingitemtexts_p.h"
+#include "skedtexts_p.h"
+
+#include <QSet>
+
+namespace {
+
+// The host's calculation record. It is a plain struct, not an object, so MarkPointer cannot check
+// it: the host contract guarantees the type of a non-null record.
+CalculateRecord* calculateRecord(void* record) {
+    return static_cast<CalculateRecord*>(record);
+}
+
+} // namespace
+
+QRatingItem_Sked::QRatingItem_Sked(QObject* parent) : QRatingItem_General(parent) {
+    reset(nullptr);
+}
+
+QRatingItem_Sked::QRatingItem_Sked(QRatingItem_Sked* linkedItem) : QRatingItem_General(nullptr) {
+    reset(linkedItem);
+}
+
+QRatingItem_Sked::QRatingItem_Sked(std::nullptr_t) : QRatingItem_Sked(static_cast<QObject*>(nullptr)) {}
+
+QRatingItem_Sked::~QRatingItem_Sked() = default;
+
+void QRatingItem_Sked::reset(QRatingItem_Sked* linkedItem) {
+    m_scoreStd = 0.0;
+    m_score = 0.0;
+    m_name.clear();
+    m_unit.clear();
+    m_valueStd.clear();
+    m_uniqueValue.clear();
+    m_remark.clear();
+    m_value.clear();
+    m_locked = false;
+    m_offset = 0.0;
+    m_attributeType = 0;
+    m_status = 0;
+    m_linkedItem = linkedItem;
+    m_editable = false;
+    m_identical = false;
+    m_logic.clear();
+    m_nodeMap.clear();
+    m_linkMatrix = nullptr;
+    m_nodeCount = 0;
+}
+
+QString QRatingItem_Sked::GetRatingItemValue() {
+    return m_value;
+}
+QString QRatingItem_Sked::GetRatingItemValueStd() {
+    return m_valueStd;
+}
+double QRatingItem_Sked::GetRatingItemOffset() {
+    return m_offset;
+}
+bool QRatingItem_Sked::GetRatingItemEditable() {
+    return m_editable;
+}
+void QRatingItem_Sked::SetRatingItemEditable(const bool& editable) {
+    m_editable = editable;
+}
+void QRatingItem_Sked::UpdateUniqueValue(const QStringList& logic) {
+    m_logic = logic;
+}
+void QRatingItem_Sked::UpdateUniqueValue(const QString& key) {
+    m_uniqueValue = key;
+}
+void QRatingItem_Sked::SetValueIdentical(const bool& identical) {
+    m_identical = identical;
+}
+void QRatingItem_Sked::GetRatingItemLogic(QStringList& out) {
+    out = m_logic;
+}
+void QRatingItem_Sked::DoSerialize(QJsonObject&, const bool&) {}
+void QRatingItem_Sked::DoSerialize(QDataStream&, const bool&) {}
+void* QRatingItem_Sked::CreateRatingItem(QObject*) {
+    return MarkPointer::fromItem(new QRatingItem_Sked());
+}
+QString QRatingItem_Sked::GetClassName() {
+    return QString::fromLatin1(staticMetaObject.className());
+}
+
+QString QRatingItem_Sked::TransformTextToName(const QString& text) {
+    QStringList parts = text.split(QLatin1Char(';'), Qt::KeepEmptyParts);
+    for (QString& part : parts)
+        part = SkedText::canonicalNamePart(part);
+    return parts.join(QLatin1Char(';'));
+}
+
+void QRatingItem_Sked::TransformTextToName(QStringList& texts) {
+    for (QString& text : texts)
+        text = TransformTextToName(text);
+}
+
+void QRatingItem_Sked::AddRatingItem(void* child, const bool& transform) {
+    QRatingItemVirtual* item = MarkPointer::item(child);
+    if (!item)
+        return;
+    appendChild(child);
+    const QString name = item->GetRatingItemName();
+    insertAnswerChild(transform ? TransformTextToName(name) : name, child);
+}
+
+QString QRatingItem_Sked::GetRatingItemNumber(const int& number) {
+    switch (m_level) {
+    case 1:
+        return ConvertIntToUString(number);
+    case 3:
+        return ConvertIntToTString(number);
+    default:
+        return QString::number(number);
+    }
+}
+
+void QRatingItem_Sked::GetCalculateData(void* record) {
+    CalculateRecord* data = calculateRecord(record);
+    if (!data)
+        return;
+    data->scoreStd = m_scoreStd;
+    data->locked = m_locked;
+    if (m_editable)
+        data->value = m_value;
+}
+
+void QRatingItem_Sked::SetCalculateData(void* record) {
+    CalculateRecord* data = calculateRecord(record);
+    if (!data)
+        return;
+    m_locked = data->locked;
+    m_scoreStd = data->scoreStd;
+    if (m_editable)
+        SetRatingItemValue(data->value, true);
+}
+
+void QRatingItem_Sked::SetRatingItemValue(QMultiMap<QString, int>& nodes, int** matrix, int& count) {
+    m_nodeMap = nodes;
+    m_linkMatrix = matrix;
+    m_nodeCount = count;
+}
+
+void QRatingItem_Sked::SetRatingItemValue(const QString& text, const QString& key, const bool& transform) {
+    m_valueStd = text;
+    m_value = text;
+    m_uniqueValue = transform ? TransformTextToName(key) : key;
+}
+
+void QRatingItem_Sked::SetRatingItemValue(const QString& text, const bool& transform) {
+    SetRatingItemValue(text, text, transform);
+}
+
+double QRatingItem_Sked::ExecuteDBScore(void* standardItem, const int& mode) {
+    QRatingItem_Sked* standard = MarkPointer::item<QRatingItem_Sked>(standardItem);
+    if (!standard)
+        return m_score;
+    m_status = mode;
+    m_scoreStd = standard->m_scoreStd;
+    m_valueStd = standard->m_valueStd;
+    SetRatingItemStatus(mode, standardItem);
+    if (standard->HasChildRatingItem()) {
+        clearChildList();
+        ScoreChildRatingItems(mode, standardItem);
+        return m_score;
+    }
+    if (mode == 1)
+        m_score = CalculateRatingItemScore(standardItem);
+    return m_score;
+}
+
+void QRatingItem_Sked::ScoreChildRatingItems(const int& mode, void* standardItem) {
+    QRatingItem_Sked* standard = MarkPointer::item<QRatingItem_Sked>(standardItem);
+    if (!standard)
+        return;
+    QMultiMap<QString, void*> remaining = answerChildMap();
+    m_score = 0.0;
+    QList<void*> standardChildren;
+    standard->GetRatingItemList(standardChildren);
+    MatchChildRatingItems(mode, remaining, standardChildren);
+    if (!standard->m_identical)
+        HandleSurplusRatingItems(remaining, standardChildren);
+    if (mode == 1)
+        AdjustRatingItemScore();
+}
+
+void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
+                                             QList<void*>& standardChildren) {
+    // A candidate item is scored and listed once per pass, even when two standard children share
+    // its name; a standard child whose candidates were all taken counts as missing.
+    QSet<void*> matched;
+    for (void* standardPointer : standardChildren) {
+        QRatingItemVirtual* standardChild = MarkPointer::item(standardPointer);
+        if (!standardChild)
+            continue;
+        QString key = standardChild->GetRatingItemName();
+        if (!answerChildMap().contains(key))
+            key = TransformTextToName(key);
+        const QList<void*> candidates = answerChildMap().values(key);
+        remaining.remove(key);
+        int position = 0;
+        for (void* pointer : candidates) {
+            QRatingItem_Sked* candidate = MarkPointer::item<QRatingItem_Sked>(pointer);
+            if (!candidate || matched.contains(pointer))
+                continue;
+            matched.insert(pointer);
+            const int childMode = (mode == 3 || position > 0) ? 3 : 1;
+            ++position;
+            if (candidate->m_attributeType == 4)
+                candidate->m_valueStd.clear();
+            m_score += candidate->ExecuteDBScore(standardPointer, childMode);
+            appendChild(pointer);
+        }
+        if (position > 0)
+            continue;
+        void* created = CreateRatingItem(nullptr);
+        QRatingItemVirtual* missing = MarkPointer::item(created);
+        if (!missing) {
+            delete MarkPointer::object(created);
+            return;
+        }
+        appendChild(created);
+        missing->SetRatingItemLevel(m_level + 1);
+        m_score += missing->ExecuteDBScore(standardPointer, 2);
+    }
+}
+
+void QRatingItem_Sked::HandleSurplusRatingItems(QMultiMap<QString, void*>& remaining,
+                                                QList<void*>& standardChildren) {
+    QList<QRatingItem_Sked*> surplusItems;
+    QSet<void*> seen;
+    for (auto it = remaining.cbegin(); it != remaining.cend(); ++it) {
+        QRatingItem_Sked* surplus = MarkPointer::item<QRatingItem_Sked>(it.value());
+        if (surplus && !seen.contains(it.value())) {
+            seen.insert(it.value());
+            surplusItems.append(surplus);
+        }
+    }
+    if (surplusItems.isEmpty())
+        return;
+
+    switch (m_attributeType) {
+    case 1:
+    case 3:
+    case 15: {
+        // The template is the first unlocked standard child, else the last one.
+        QRatingItemVirtual* templ = nullptr;
+        for (void* pointer : standardChildren) {
+            QRatingItemVirtual* child = MarkPointer::item(pointer);
+            if (child && !child->GetRatingItemLock()) {
+                templ = child;
+                break;
+            }
+        }
+        if (!templ && !standardChildren.isEmpty())
+            templ = MarkPointer::item(standardChildren.last());
+        if (!templ)
+            return;
+        QList<void*> templateChildren;
+        templ->GetRatingItemList(templateChildren);
+        for (QRatingItem_Sked* surplus : surplusItems) {
+            surplus->SetRatingItemStatus(4, MarkPointer::fromItem(templ));
+            m_score += surplus->m_score;
+            QMultiMap<QString, void*> grandChildren = surplus->answerChildMap();
+            surplus->HandleSurplusRatingItems(grandChildren, templateChildren);
+            appendChild(MarkPointer::fromItem(surplus));
+        }
+        break;
+    }
+    case 4: {
+        void* first = nullptr;
+        for (void* pointer : standardChildren) {
+            if (MarkPointer::item(pointer)) {
+                first = pointer;
+                break;
+            }
+        }
+        if (!first)
+            return;
+        for (QRatingItem_Sked* surplus : surplusItems)
+            surplus->SetRatingItemStatus(4, first);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void QRatingItem_Sked::SetRatingItemStatus(const int& status, void* standardItem) {
+    QRatingItem_Sked* standard = MarkPointer::item<QRatingItem_Sked>(standardItem);
+    if (!standard)
+        return;
+    switch (status) {
+    case 2: {
+        const int type = standard->m_attributeType;
+        if (type == 4 || type == 16)
+            m_value.clear();
+        else if (type == 22)
+            m_value = SkedText::missingCurveValue();
+        else
+            m_value = QStringLiteral("0");
+        m_name = standard->m_name;
+        m_remark = RatingItemText::missing();
+        m_unit = standard->m_unit;
+        m_score = 0.0;
+        m_attributeType = type;
+        break;
+    }
+    case 3:
+        m_remark = SkedText::duplicate();
+        m_score = -standard->m_scoreStd;
+        break;
+    case 4:
+        switch (m_attributeType) {
+        case 2:
+            m_valueStd = QStringLiteral("0");
+            m_remark = SkedText::surplusDeducted();
+            m_score = -standard->m_scoreStd;
+            break;
+        case 5:
+        case 8:
+        case 11:
+        case 12:
+        case 13:
+        case 14:
+        case 6:
+        case 7:
+        case 9:
+        case 10: {
+            // Attributes of a surplus work item are neither scored nor deducted; the numeric ones
+            // show a standard value of 0, the textual ones (6, 7, 9, 10) none.
+            const bool textual =
+                m_attributeType == 6 || m_attributeType == 7 || m_attributeType == 9 || m_attributeType == 10;
+            m_valueStd = textual ? QString() : QStringLiteral("0");
+            m_score = 0.0;
+            m_scoreStd = 0.0;
+            m_remark.clear();
+            break;
+        }
+        default:
+            m_remark = SkedText::surplusDeducted();
+            m_score = -standard->m_scoreStd;
+            m_valueStd.clear();
+            break;
+        }
+        break;
+    default:
+        break;
+    }
+}

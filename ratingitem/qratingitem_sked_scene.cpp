@@ -133,19 +133,11 @@ void QRatingItem_Sked_Site::DoSerialize(QDataStream& stream, const bool& load) {
     if (!load) {
         if (!good(stream))
             return;
-        QList<QRatingItem_Sked_Site*> children;
-        for (void* pointer : childList()) {
-            if (QRatingItem_Sked_Site* child = MarkPointer::item<QRatingItem_Sked_Site>(pointer))
-                children.append(child);
-        }
         stream << GetClassName() << qint32(m_level) << qint32(m_attributeType) << m_scoreStd << m_score
                << m_name << m_unit << m_valueStd << m_uniqueValue << m_value << m_locked << m_editable
-               << m_remark << m_offset << qint32(m_status) << m_identical << qint32(children.size());
-        for (QRatingItem_Sked_Site* child : children) {
-            if (!good(stream))
-                return;
-            child->DoSerialize(stream, false);
-        }
+               << m_remark << m_offset << qint32(m_status) << m_identical;
+        // Only Site items have a record; other children are left out.
+        writeChildRecords(stream, QRatingItem_Sked_Site::staticMetaObject);
         return;
     }
 
@@ -174,17 +166,5 @@ void QRatingItem_Sked_Site::DoSerialize(QDataStream& stream, const bool& load) {
     m_status = status;
     m_identical = identical;
 
-    qint32 count = 0;
-    if (!readCount(stream, count, kMinSiteRecordBytes))
-        return;
-    for (qint32 i = 0; i < count; ++i) {
-        auto* child = new QRatingItem_Sked_Site(static_cast<QObject*>(nullptr));
-        child->DoSerialize(stream, true);
-        if (!good(stream)) {
-            // A child whose record broke off is dropped with what it had read.
-            delete child;
-            return;
-        }
-        AddRatingItem(MarkPointer::fromItem(child), true);
-    }
+    readChildRecords(stream, kMinSiteRecordBytes);
 }

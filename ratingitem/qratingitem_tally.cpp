@@ -51,12 +51,9 @@ template <class... Fields> bool readFields(QDataStream& stream, Fields&... field
     return ((RecordIO::good(stream) && (stream >> fields, RecordIO::good(stream))) && ...);
 }
 
-// Smallest stream record of a pricing child: three integers, six empty strings, seven doubles, two
-// bools and the child count. Doubles take four bytes on a single-precision stream.
-qint64 minItemRecordBytes(const QDataStream& stream) {
-    const qint64 doubleBytes = stream.floatingPointPrecision() == QDataStream::SinglePrecision ? 4 : 8;
-    return 3 * 4 + 6 * 4 + 7 * doubleBytes + 2 * 1 + 4;
-}
+// Smallest stream record of a pricing child: three integers, six empty strings, seven doubles (four
+// bytes at single precision), two bools and the child count.
+const qint64 kMinItemRecordBytes = 3 * 4 + 6 * 4 + 7 * 4 + 2 * 1 + 4;
 
 } // namespace
 
@@ -325,17 +322,7 @@ void QRatingItem_Tally::DoSerialize(QDataStream& stream, const bool& load) {
                << m_locked << qint32(m_status) << m_remark << m_valueStd << m_unitProject << m_code
                << m_feature << m_quantity << m_rate << m_ratio << m_upperRange << m_lowerRange;
         DoSerializeExtra(stream, false);
-        QList<QRatingItemVirtual*> children;
-        for (void* pointer : childList()) {
-            if (QRatingItemVirtual* child = MarkPointer::item(pointer))
-                children.append(child);
-        }
-        stream << qint32(children.size());
-        for (QRatingItemVirtual* child : children) {
-            if (!RecordIO::good(stream))
-                return;
-            child->DoSerialize(stream, false);
-        }
+        writeChildRecords(stream, QRatingItemVirtual::staticMetaObject);
         return;
     }
     qint32 attributeType = 0, level = 0, status = 0;
@@ -348,22 +335,8 @@ void QRatingItem_Tally::DoSerialize(QDataStream& stream, const bool& load) {
     m_level = level;
     m_status = status;
     DoSerializeExtra(stream, true);
-    qint32 count = 0;
-    if (!RecordIO::good(stream) || !RecordIO::readCount(stream, count, minItemRecordBytes(stream)))
-        return;
-    for (qint32 i = 0; i < count && RecordIO::good(stream); ++i) {
-        void* pointer = CreateRatingItem(nullptr);
-        QRatingItemVirtual* child = MarkPointer::item(pointer);
-        if (!child) {
-            // A record of unknown class cannot be skipped: the rest of the stream is unreadable.
-            delete MarkPointer::object(pointer);
-            RecordIO::refuse(stream);
-            return;
-        }
-        child->DoSerialize(stream, true);
-        AddRatingItem(pointer, true);
-        takeOwnership(pointer);
-    }
+    if (RecordIO::good(stream))
+        readChildRecords(stream, kMinItemRecordBytes);
 }
 
 // The product classes differ only in the class of the children they create.

@@ -247,11 +247,17 @@ NetworkFindings analyseDiagram(const ArrowDiagram& diagram, bool drawn) {
         findings.startEndText =
             HostTexts::startEndNodes().arg(joinNumbers(findings.startNodes), joinNumbers(findings.endNodes));
 
-    // Broken lines: nodes off every path from the main start to the main end.
+    // Broken lines: nodes off every path from the main start (the lowest-numbered start node) to the
+    // main end (the highest-numbered end node that the main start reaches).
     QVector<bool> fromStart(n, false);
     QVector<bool> toEnd(n, false);
     markReachable(graph.indexOf.value(findings.startNodes.first()), graph.successors, fromStart);
-    markReachable(graph.indexOf.value(findings.endNodes.last()), graph.predecessors, toEnd);
+    int mainEnd = -1;
+    for (int v = 0; v < n; ++v)
+        if (fromStart[v] && graph.successors[v].isEmpty() &&
+            (mainEnd < 0 || graph.numberOf[v] > graph.numberOf[mainEnd]))
+            mainEnd = v;
+    markReachable(mainEnd, graph.predecessors, toEnd);
     for (int v = 0; v < n; ++v)
         if (!fromStart[v] || !toEnd[v])
             findings.brokenNodes.append(graph.numberOf[v]);

@@ -247,20 +247,21 @@ NetworkFindings analyseDiagram(const ArrowDiagram& diagram, bool drawn) {
         findings.startEndText =
             HostTexts::startEndNodes().arg(joinNumbers(findings.startNodes), joinNumbers(findings.endNodes));
 
-    // Broken lines: nodes off every path from the main start (the lowest-numbered start node) to the
-    // main end (the highest-numbered end node that the main start reaches).
+    // Broken lines: every start node but the main start (the lowest-numbered one) and every end node
+    // but the main end (the highest-numbered end node that the main start reaches) is a place where a
+    // line of the diagram breaks off.
     QVector<bool> fromStart(n, false);
-    QVector<bool> toEnd(n, false);
-    markReachable(graph.indexOf.value(findings.startNodes.first()), graph.successors, fromStart);
-    int mainEnd = -1;
+    const int mainStart = findings.startNodes.first();
+    markReachable(graph.indexOf.value(mainStart), graph.successors, fromStart);
+    int mainEnd = std::numeric_limits<int>::min(); // a walk from a start always ends somewhere
     for (int v = 0; v < n; ++v)
-        if (fromStart[v] && graph.successors[v].isEmpty() &&
-            (mainEnd < 0 || graph.numberOf[v] > graph.numberOf[mainEnd]))
-            mainEnd = v;
-    markReachable(mainEnd, graph.predecessors, toEnd);
-    for (int v = 0; v < n; ++v)
-        if (!fromStart[v] || !toEnd[v])
-            findings.brokenNodes.append(graph.numberOf[v]);
+        if (fromStart[v] && graph.successors[v].isEmpty())
+            mainEnd = std::max(mainEnd, graph.numberOf[v]);
+    QSet<int> breaks;
+    for (int number : findings.startNodes + findings.endNodes)
+        if (number != mainStart && number != mainEnd)
+            breaks.insert(number);
+    findings.brokenNodes = breaks.values();
     std::sort(findings.brokenNodes.begin(), findings.brokenNodes.end());
     findings.broken = !findings.brokenNodes.isEmpty();
     if (findings.broken)

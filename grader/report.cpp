@@ -34,7 +34,7 @@ void textNode(QTextStream& out, const ScoredNode& node, int depth, const ReportO
                        .arg(marksText(node.full), 7)
                        .arg(node.lost() ? lostMarker : QStringLiteral(" "))
                        .arg(QString(depth * 2, QLatin1Char(' ')), node.name);
-    if (!node.value.isEmpty())
+    if (!node.value.isEmpty() && node.items.isEmpty()) // a group's value says nothing of its own
         line += QStringLiteral(" [") + node.value + QLatin1Char(']');
     if (!node.remark.isEmpty())
         line += QStringLiteral(" — ") + node.remark;

@@ -110,6 +110,8 @@ static void textSection(QTextStream& out, const ReportSection& section, const Re
                     << '\n';
                 continue;
             }
+            if (category.tree.name != category.title) // a pricing or model tree is named after its project
+                out << "[" << category.title << "]\n";
             ScoredNode root = category.tree;
             root.full = category.full; // the category's marks, whatever the root kept
             root.obtained = category.obtained;

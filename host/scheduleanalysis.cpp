@@ -295,27 +295,48 @@ NetworkFindings analyseDiagram(const ArrowDiagram& diagram, bool drawn) {
             endBefore[v] = endBefore[v] || !diagram.arrows[a].isDummy() ||
                            endBefore[graph.indexOf.value(diagram.arrows[a].from)];
 
+    // A dummy u→v is implied when another arrow out of u reaches v too: per node, the targets that two
+    // or more of its arrows reach, built in one pass over its arrows. Dummies are taken node by node.
+    QVector<int> dummies;
+    for (int d = 0; d < diagram.arrows.size(); ++d)
+        if (diagram.arrows[d].isDummy())
+            dummies.append(d);
+    std::stable_sort(dummies.begin(), dummies.end(), [&](int a, int b) {
+        return graph.indexOf.value(diagram.arrows[a].from) < graph.indexOf.value(diagram.arrows[b].from);
+    });
+    QVector<bool> isSurplus(diagram.arrows.size(), false);
+    QVector<quint64> once(words);
+    QVector<quint64> twice(words);
+    int twiceOf = -1; // the node whose arrows once and twice describe
+    for (int d : dummies) {
+        const int u = graph.indexOf.value(diagram.arrows[d].from);
+        const int v = graph.indexOf.value(diagram.arrows[d].to);
+        if (twiceOf != u) {
+            twiceOf = u;
+            once.fill(0);
+            twice.fill(0);
+            for (int a : graph.outArrows[u]) {
+                const int w = graph.indexOf.value(diagram.arrows[a].to);
+                auto column = columnOf.constFind(w);
+                for (int k = 0; k < words; ++k) {
+                    quint64 reached = reach[w * words + k];
+                    if (column != columnOf.constEnd() && column.value() / 64 == k)
+                        reached |= quint64(1) << (column.value() % 64);
+                    twice[k] |= once[k] & reached;
+                    once[k] |= reached;
+                }
+            }
+        }
+        const int column = columnOf.value(v);
+        isSurplus[d] = (twice[column / 64] >> (column % 64)) & 1;
+        if (!isSurplus[d] && (!endBefore[u] || !startAfter[v]))
+            isSurplus[d] = graph.outArrows[u].size() > 1 && graph.inArrows[v].size() > 1;
+    }
     QStringList surplusTexts;
     for (int d = 0; d < diagram.arrows.size(); ++d) {
-        const ArrowData& dummy = diagram.arrows[d];
-        if (!dummy.isDummy())
-            continue;
-        const int u = graph.indexOf.value(dummy.from);
-        const int v = graph.indexOf.value(dummy.to);
-        const int column = columnOf.value(v);
-        bool surplus = false;
-        for (int a : graph.outArrows[u]) {
-            if (a == d)
-                continue;
-            const int w = graph.indexOf.value(diagram.arrows[a].to);
-            if (w == v || (reach[w * words + column / 64] >> (column % 64)) & 1)
-                surplus = true;
-        }
-        if (!surplus && (!endBefore[u] || !startAfter[v]))
-            surplus = graph.outArrows[u].size() > 1 && graph.inArrows[v].size() > 1;
-        if (surplus) {
-            findings.surplusArrows.append(qMakePair(dummy.from, dummy.to));
-            surplusTexts << QStringLiteral("%1-%2").arg(dummy.from).arg(dummy.to);
+        if (isSurplus[d]) {
+            findings.surplusArrows.append(qMakePair(diagram.arrows[d].from, diagram.arrows[d].to));
+            surplusTexts << QStringLiteral("%1-%2").arg(diagram.arrows[d].from).arg(diagram.arrows[d].to);
         }
     }
     findings.surplusDummy = !surplusTexts.isEmpty();

@@ -191,6 +191,9 @@ void TestHostAnalysis::diagramFindings_data() {
     QTest::newRow("chain cut, shortcut to the end")
         << "1>2 A,2>3 B,4>5 C,5>6 D,2>6 E" << false << QStringLiteral("开始节点：1、4；结束节点：3、6")
         << QList<int>{3, 4} << QString();
+    QTest::newRow("dummies of one node apart in the list")
+        << "1>2 A,1>3 d,2>3 B,1>4 C,1>3 d" << false << QStringLiteral("开始节点：1；结束节点：3、4")
+        << QList<int>{3} << QStringLiteral("1-3、1-3");
     QTest::newRow("no arrows") << "|7" << true << QString() << QList<int>{} << QString();
     QTest::newRow("two surplus") << "1>2 A,2>3 B,1>3 d,2>3 d" << true << QString() << QList<int>{}
                                  << QStringLiteral("1-3、2-3");

@@ -136,7 +136,7 @@ CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::Proj
     CandidateResult result;
     result.file = candidate.fileName;
     if (candidate.product != standard.product) {
-        result.error = QStringLiteral("%1: is a %2 file, the standard answer a %3 file")
+        result.error = QStringLiteral("%1: holds product %2, the standard answer product %3")
                            .arg(candidate.fileName, Host::productName(candidate.product),
                                 Host::productName(standard.product));
         return result;

@@ -169,8 +169,9 @@ void TestGraderCli::productMismatchIsBadInput() {
     const Run run =
         markgrade({m_dir.filePath(QStringLiteral("a.json")), m_dir.filePath(QStringLiteral("p.json"))});
     QCOMPARE(run.exitCode, 1);
-    QVERIFY2(run.err.contains(QStringLiteral("p.json: is a Elm file, the standard answer a schedule file")),
-             qPrintable(run.err));
+    QVERIFY2(
+        run.err.contains(QStringLiteral("p.json: holds product Elm, the standard answer product schedule")),
+        qPrintable(run.err));
     QVERIFY(run.out.contains(QStringLiteral("not graded: ")));
 }
 

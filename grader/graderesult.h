@@ -1,0 +1,47 @@
+// The outcome of grading: plain values copied out of the library's scored trees, so that reports are
+// written after every library object is gone, on any thread.
+#ifndef GRADERESULT_H
+#define GRADERESULT_H
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace Grade {
+
+struct ScoredNode {
+    QString name;
+    QString value;
+    QString remark;
+    double full = 0.0;
+    double obtained = 0.0;
+    QList<ScoredNode> items;
+
+    // Marks were lost here: less than the full marks, or a deduction.
+    bool lost() const { return obtained < full - 1e-9 || obtained < -1e-9; }
+};
+
+struct CategoryResult {
+    int type = 0;          // schedule category type 1 to 7; the product code for a pricing or model tree
+    QString title;         // the category's name
+    bool available = true; // false when the library gives no object for it
+    QString note;
+    double full = 0.0;
+    double obtained = 0.0;
+    ScoredNode tree;
+};
+
+struct CandidateResult {
+    QString file;
+    bool graded = false;
+    QString error; // why the file was not graded
+    QStringList notes;
+    QList<CategoryResult> categories;
+
+    double full() const;
+    double obtained() const;
+};
+
+} // namespace Grade
+
+#endif // GRADERESULT_H

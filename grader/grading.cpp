@@ -1,0 +1,165 @@
+#include "grading.h"
+
+#include "projectreader.h"
+#include "schedulecategories.h"
+#include "treebuilder.h"
+
+#include "hosttexts_p.h"
+#include "markpointer.h"
+#include "qmarkcategoryvirtual.h"
+#include "qratingitembase.h"
+
+#include <QSet>
+
+#include <memory>
+
+namespace Grade {
+
+namespace {
+
+const int maxTreeDepth = 64;
+
+ScoredNode copyNode(QRatingItemVirtual* item, int depth, QSet<QRatingItemVirtual*>& seen) {
+    ScoredNode node;
+    node.name = item->GetRatingItemName();
+    node.value = item->GetRatingItemValue();
+    node.remark = item->GetRatingItemRemark();
+    node.full = item->GetRatingItemScoreStd();
+    node.obtained = item->GetRatingItemScore();
+    if (depth >= maxTreeDepth)
+        return node;
+    QList<void*> children;
+    item->GetRatingItemList(children);
+    for (void* pointer : children) {
+        QRatingItemVirtual* child = MarkPointer::item(pointer);
+        if (!child || seen.contains(child))
+            continue;
+        seen.insert(child);
+        node.items.append(copyNode(child, depth + 1, seen));
+    }
+    return node;
+}
+
+QString productTitle(int product) {
+    return product == Host::Shape ? QStringLiteral("Shape building model")
+                                  : QStringLiteral("%1 pricing").arg(Host::productName(product));
+}
+
+void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& candidate, const Marks& marks,
+                   CandidateResult& result) {
+    const int scene = standard.schedule.scene;
+    if (candidate.schedule.scene != scene)
+        result.notes << QStringLiteral(
+                            "the candidate's scene is %1, the standard's %2: graded in the %2 scene")
+                            .arg(Host::sceneName(candidate.schedule.scene), Host::sceneName(scene));
+    Host::ScheduleSide standardSide(standard.schedule, scene, false);
+    Host::ScheduleSide candidateSide(candidate.schedule, scene, true);
+    for (int type : Host::ScheduleSide::categoryTypes()) {
+        CategoryResult category;
+        category.type = type;
+        category.title = HostTexts::categoryTitle(type);
+        category.full = marks.schedule.value(type);
+        QMarkCategoryVirtual* standardCategory = standardSide.category(type);
+        QMarkCategoryVirtual* candidateCategory = candidateSide.category(type);
+        if (!standardCategory || !candidateCategory) {
+            category.available = false;
+            category.note =
+                QStringLiteral("not available: the library gives no category of type %1 for the %2 scene")
+                    .arg(type)
+                    .arg(Host::sceneName(scene));
+        } else {
+            standardCategory->AssignScore(category.full);
+            category.obtained = candidateCategory->ExecuteDBScore(standardCategory);
+            if (QRatingItemVirtual* root = MarkPointer::item(candidateCategory->GetRatingItemPtr()))
+                category.tree = copyTree(root);
+            if (category.tree.name.isEmpty())
+                category.tree.name = category.title;
+        }
+        result.categories.append(category);
+    }
+    for (const QString& note : standardSide.notes())
+        result.notes << QStringLiteral("standard: ") + note;
+    for (const QString& note : candidateSide.notes())
+        result.notes << QStringLiteral("candidate: ") + note;
+}
+
+void gradeTree(const Host::ProjectFile& standard, const Host::ProjectFile& candidate, const Marks& marks,
+               CandidateResult& result) {
+    CategoryResult category;
+    category.type = standard.product;
+    category.title = productTitle(standard.product);
+    category.full = standard.product == Host::Shape ? marks.model : marks.pricing;
+    std::unique_ptr<QRatingItemBase> standardRoot(Host::buildRatingTree(standard));
+    std::unique_ptr<QRatingItemBase> candidateRoot(Host::buildRatingTree(candidate));
+    if (!standardRoot || !candidateRoot) {
+        category.available = false;
+        category.note = QStringLiteral("not available: the library gives no rating item for product %1 (%2)")
+                            .arg(standard.product)
+                            .arg(Host::productName(standard.product));
+    } else {
+        Host::assignFullMarks(standardRoot.get(), standard.product, category.full);
+        category.obtained = candidateRoot->ExecuteDBScore(MarkPointer::fromItem(standardRoot.get()), 1);
+        category.tree = copyTree(candidateRoot.get());
+        if (category.tree.name.isEmpty())
+            category.tree.name = category.title;
+    }
+    result.categories.append(category);
+}
+
+} // namespace
+
+double CandidateResult::full() const {
+    double sum = 0.0;
+    for (const CategoryResult& category : categories)
+        if (category.available)
+            sum += category.full;
+    return sum;
+}
+
+double CandidateResult::obtained() const {
+    double sum = 0.0;
+    for (const CategoryResult& category : categories)
+        if (category.available)
+            sum += category.obtained;
+    return sum;
+}
+
+ScoredNode copyTree(QRatingItemVirtual* root) {
+    if (!root)
+        return ScoredNode();
+    QSet<QRatingItemVirtual*> seen{root};
+    return copyNode(root, 0, seen);
+}
+
+CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::ProjectFile& candidate,
+                             const Marks& marks) {
+    CandidateResult result;
+    result.file = candidate.fileName;
+    if (candidate.product != standard.product) {
+        result.error = QStringLiteral("%1: holds product %2, the standard answer product %3")
+                           .arg(candidate.fileName, Host::productName(candidate.product),
+                                Host::productName(standard.product));
+        return result;
+    }
+    if (standard.kind == Host::ProjectKind::Schedule)
+        gradeSchedule(standard, candidate, marks, result);
+    else
+        gradeTree(standard, candidate, marks, result);
+    result.graded = true;
+    return result;
+}
+
+CandidateResult gradeFile(const Host::ProjectFile& standard, const QString& candidatePath,
+                          const Marks& marks) {
+    Host::ProjectFile candidate;
+    Host::ReadError error;
+    if (!Host::readProjectFile(candidatePath, candidate, error)) {
+        CandidateResult result;
+        result.file = candidatePath;
+        result.error = error.toString();
+        return result;
+    }
+    return gradeProject(standard, candidate, marks);
+}
+
+} // namespace Grade

@@ -1,0 +1,50 @@
+#include "marks.h"
+
+#include <QFile>
+
+namespace Grade {
+
+namespace {
+const char* const scheduleKeys[] = {"integrity", "attributes",  "logic",     "resourceCurves",
+                                    "gantt",     "rationality", "principles"};
+}
+
+QString Marks::scheduleKey(int type) {
+    return type >= 1 && type <= 7 ? QLatin1String(scheduleKeys[type - 1]) : QString();
+}
+
+bool readMarksDocument(const QByteArray& bytes, const QString& fileName, Marks& marks,
+                       Host::ReadError& error) {
+    Host::JsonReader reader(fileName);
+    QJsonObject root;
+    Marks read;
+    if (reader.parse(bytes, root)) {
+        reader.checkKeys(root, QStringLiteral("$"), {"schedule", "pricing", "model"});
+        const QJsonObject schedule = reader.object(root, QStringLiteral("$"), "schedule", false);
+        reader.checkKeys(schedule, QStringLiteral("$.schedule"),
+                         {scheduleKeys[0], scheduleKeys[1], scheduleKeys[2], scheduleKeys[3], scheduleKeys[4],
+                          scheduleKeys[5], scheduleKeys[6]});
+        for (int type = 1; type <= 7; ++type)
+            read.schedule[type] =
+                reader.number(schedule, QStringLiteral("$.schedule"), scheduleKeys[type - 1], false,
+                              read.schedule.value(type), 0.0);
+        read.pricing = reader.number(root, QStringLiteral("$"), "pricing", false, read.pricing, 0.0);
+        read.model = reader.number(root, QStringLiteral("$"), "model", false, read.model, 0.0);
+    }
+    error = reader.error();
+    if (reader.ok())
+        marks = read;
+    return reader.ok();
+}
+
+bool readMarksFile(const QString& path, Marks& marks, Host::ReadError& error) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error =
+            Host::ReadError{path, QString(), QStringLiteral("cannot be read: %1").arg(file.errorString())};
+        return false;
+    }
+    return readMarksDocument(file.readAll(), path, marks, error);
+}
+
+} // namespace Grade

@@ -1,0 +1,27 @@
+// Full marks per schedule category and per pricing or model tree: defaults, or a marks file.
+#ifndef MARKS_H
+#define MARKS_H
+
+#include "jsonreader.h"
+
+#include <QMap>
+#include <QString>
+
+namespace Grade {
+
+struct Marks {
+    QMap<int, double> schedule{{1, 15.0}, {2, 20.0}, {3, 20.0}, {4, 15.0}, {5, 10.0}, {6, 10.0}, {7, 10.0}};
+    double pricing = 100.0;
+    double model = 100.0;
+
+    // The key of a schedule category in a marks file ("integrity", ...), by category type.
+    static QString scheduleKey(int type);
+};
+
+bool readMarksFile(const QString& path, Marks& marks, Host::ReadError& error);
+bool readMarksDocument(const QByteArray& bytes, const QString& fileName, Marks& marks,
+                       Host::ReadError& error);
+
+} // namespace Grade
+
+#endif // MARKS_H

@@ -1,0 +1,119 @@
+// The parsed content of a project file: plain values, no library objects. A parsed project is never
+// changed after reading, so one instance may be read by several threads at once.
+#ifndef PROJECTMODEL_H
+#define PROJECTMODEL_H
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace Host {
+
+// Product codes of the library's factories.
+enum ProductCode { ScheduleProduct = 5, Ash = 9, Elm = 11, Fir = 13, Yew = 15, Oak = 17, Shape = 20 };
+// Scene codes; any other value is the plain schedule scene.
+enum SceneCode { PlainScene = 0, SiteScene = 1, TwinScene = 2 };
+
+struct WorkItemData {
+    int id = 0;
+    QString name;
+    QString quantityCode;
+    QString quantityName;
+    QString unit;
+    double plannedQuantity = 0.0;
+    int duration = 0;
+    bool fixedDuration = false;
+    QString color;
+    QString lineWidth;
+    QString labourIntensity;
+    QString crew;
+    double materialTotal = 0.0;
+    QList<int> predecessors; // positions in ScheduleProject::workItems
+};
+
+struct ArrowData {
+    int from = 0; // node numbers
+    int to = 0;
+    int workItem = -1; // position in ScheduleProject::workItems; -1 for a dummy arrow
+    bool isDummy() const { return workItem < 0; }
+};
+
+struct ArrowDiagram {
+    QList<int> nodes; // node numbers, distinct
+    QList<ArrowData> arrows;
+};
+
+struct GanttSettings {
+    QString timeUnit;
+    int rowsPerPage = 0;
+    QStringList order;
+};
+
+struct ResourceData {
+    QString name;
+    int plannedTotal = 0;
+    QString code;
+    QString unit;
+};
+
+struct CurvePoint {
+    int minute = 0;
+    double amount = 0.0;
+};
+
+struct CurveData {
+    QString name;
+    bool drawnByCandidate = false;
+    QList<CurvePoint> points; // minutes strictly increasing
+};
+
+struct ScheduleProject {
+    int scene = PlainScene;
+    QList<WorkItemData> workItems;
+    bool hasDiagram = false;
+    ArrowDiagram diagram;
+    GanttSettings gantt;
+    QList<ResourceData> resources;
+    QList<CurveData> curves;
+    int totalDays = 0; // forward pass over the predecessors, computed while reading
+};
+
+// One node of a pricing or building-model tree; each product reads the fields it knows.
+struct TreeItemData {
+    QString name;
+    QString code;
+    QString unit;
+    int attribute = 0;
+    int precision = 2;
+    bool hasLimits = false;
+    double upperLimit = 5.0;
+    double lowerLimit = 2.0;
+    // pricing
+    QString feature;
+    double quantity = 0.0;
+    double rate = 0.0;
+    double ratio = 0.0;
+    bool unitProject = false;
+    // building model
+    enum DataType { Text = 0, Number = 1, Integer = 5 };
+    QString value;
+    int dataType = Text;
+    int indexRule = 1;
+    int scoreRule = 0;
+    QStringList attributeData;
+    QList<TreeItemData> items;
+};
+
+enum class ProjectKind { Schedule, Pricing, Model };
+
+struct ProjectFile {
+    QString fileName; // as given, for messages
+    ProjectKind kind = ProjectKind::Schedule;
+    int product = ScheduleProduct;
+    ScheduleProject schedule;
+    TreeItemData root; // pricing and model files
+};
+
+} // namespace Host
+
+#endif // PROJECTMODEL_H

@@ -1,0 +1,80 @@
+// What the host works out from a schedule before the library sees it: the logic texts of the
+// standard side, the judged side's network, the findings on the arrow diagram, the total duration and
+// the curve fluctuation values. Pure functions over parsed data; no library object is touched.
+#ifndef SCHEDULEANALYSIS_H
+#define SCHEDULEANALYSIS_H
+
+#include "projectmodel.h"
+
+#include <QList>
+#include <QMap>
+#include <QMultiMap>
+#include <QPair>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <functional>
+
+namespace Host {
+
+// Topological order of a directed graph of n vertices given by successor lists. When the graph has a
+// cycle, returns false and fills cycle with its vertices in order (the first one repeated at the end).
+bool topologicalOrder(const QVector<QVector<int>>& successors, QVector<int>& order, QVector<int>& cycle);
+
+// Total duration by a forward pass over the predecessors. False with the cycle (positions in
+// workItems, closed) when the predecessors form one.
+bool forwardPass(const QList<WorkItemData>& items, int& totalDays, QVector<int>& cycle);
+
+// Logic texts, filled in parallel: one entry per distinct work-item name in first-seen order.
+struct LogicTexts {
+    QStringList names;
+    QStringList displays;
+    QStringList chains;
+};
+LogicTexts logicTexts(const QList<WorkItemData>& items);
+
+// The network of direct links between work items, in the form the logic category takes over:
+// rows allocated with new int*[n], each row with new int[n]; null for no work items.
+struct LinkMatrix {
+    QMultiMap<QString, int> nodes;
+    int** matrix = nullptr;
+    int count = 0;
+};
+LinkMatrix linkMatrix(const QList<WorkItemData>& items);
+// Frees a matrix made by linkMatrix that was not handed to a category.
+void freeLinkMatrix(LinkMatrix& links);
+
+// Findings on the arrow diagram (network-plan principles).
+struct NetworkFindings {
+    bool singleStartEnd = false;
+    QString startEndText; // empty when the rule holds
+    bool broken = false;
+    QString brokenText;
+    bool surplusDummy = false;
+    QString surplusNodes; // "2-3、7-8"
+    QList<int> startNodes;
+    QList<int> endNodes;
+    QList<int> brokenNodes;
+    QList<QPair<int, int>> surplusArrows;
+};
+NetworkFindings analyseDiagram(const ArrowDiagram& diagram, bool drawn);
+
+// False with the closed cycle of node numbers when the arrows form a cycle.
+bool diagramIsAcyclic(const ArrowDiagram& diagram, QVector<int>& cycleNodes);
+
+// Curve fluctuation values by attribute type 29 to 32: the time-weighted variance of each group's
+// summed curve over [0, totalDays × 1440] minutes; -1 for a group without curves or a zero duration.
+// canonical turns a curve name into a canonical resource name.
+QMap<int, double> curveFluctuation(const QList<CurveData>& curves, int totalDays,
+                                   const std::function<QString(const QString&)>& canonical);
+
+// Time-weighted variance of the sum of the curves over [0, axisMinutes]; -1 when axisMinutes <= 0.
+double timeWeightedVariance(const QList<const CurveData*>& curves, qint64 axisMinutes);
+
+// The chart name of a canonical resource name (a name without a chart of its own is its own chart).
+QString chartName(const QString& canonicalName);
+
+} // namespace Host
+
+#endif // SCHEDULEANALYSIS_H

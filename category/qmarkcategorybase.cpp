@@ -7,8 +7,7 @@
 namespace {
 
 // Standard-score split: every node gets an equal share of its parent's standard score.
-void assignStandardScore(QRatingItemVirtual* node, double amount)
-{
+void assignStandardScore(QRatingItemVirtual* node, double amount) {
     if (!node)
         return;
     QList<void*> children;
@@ -25,47 +24,47 @@ void assignStandardScore(QRatingItemVirtual* node, double amount)
 
 QMarkCategoryBase::QMarkCategoryBase(QObject* parent) : QMarkCategoryVirtual(parent) {}
 
-QMarkCategoryBase::~QMarkCategoryBase()
-{
+QMarkCategoryBase::~QMarkCategoryBase() {
     delete m_root;
     m_root = nullptr;
 }
 
-void QMarkCategoryBase::setRootItem(QRatingItemVirtual* root)
-{
+void QMarkCategoryBase::setRootItem(QRatingItemVirtual* root) {
     if (root == m_root)
         return;
     delete m_root;
     m_root = root;
 }
 
-void* QMarkCategoryBase::GetRatingItemPtr() { return MarkPointer::fromItem(m_root); }
+void* QMarkCategoryBase::GetRatingItemPtr() {
+    return MarkPointer::fromItem(m_root);
+}
 
-void* QMarkCategoryBase::CreateRatingItem(QObject*) { return MarkPointer::fromItem(new QRatingItemBase(nullptr)); }
+void* QMarkCategoryBase::CreateRatingItem(QObject*) {
+    return MarkPointer::fromItem(new QRatingItemBase(nullptr));
+}
 
-QString QMarkCategoryBase::GetClassName() { return QStringLiteral("QMarkCategoryBase"); }
+QString QMarkCategoryBase::GetClassName() {
+    return QStringLiteral("QMarkCategoryBase");
+}
 
-void QMarkCategoryBase::ClearRatingItemData()
-{
+void QMarkCategoryBase::ClearRatingItemData() {
     if (m_root)
         m_root->ClearRatingItemData();
 }
 
-void QMarkCategoryBase::AssignScore(const double& total)
-{
+void QMarkCategoryBase::AssignScore(const double& total) {
     // The recursion follows the tree; record readers bound its depth.
     assignStandardScore(m_root, total);
 }
 
-double QMarkCategoryBase::ExecuteDBScore(QMarkCategoryVirtual* standard)
-{
+double QMarkCategoryBase::ExecuteDBScore(QMarkCategoryVirtual* standard) {
     if (!standard || !m_root)
         return 0.0;
     return m_root->ExecuteDBScore(standard->GetRatingItemPtr(), 1);
 }
 
-void QMarkCategoryBase::DoSerialize(QJsonObject& object, const bool& read)
-{
+void QMarkCategoryBase::DoSerialize(QJsonObject& object, const bool& read) {
     const QString typeKey = QStringLiteral("categorytype");
     const QString createdKey = QStringLiteral("iscreated");
     if (read) {
@@ -79,8 +78,7 @@ void QMarkCategoryBase::DoSerialize(QJsonObject& object, const bool& read)
         m_root->DoSerialize(object, read);
 }
 
-void QMarkCategoryBase::DoSerialize(QDataStream& stream, const bool& read)
-{
+void QMarkCategoryBase::DoSerialize(QDataStream& stream, const bool& read) {
     if (!read) {
         stream << qint32(m_categoryType) << GetClassName() << m_created;
         if (m_root)

@@ -32,7 +32,8 @@ public:
 
     // Factories: all seven categories of a product for one scene (replacing the caller's entries,
     // which are neither deleted nor returned), or one category; null or no effect for unknown codes.
-    static void CreateMarkCategory(const int& product, const int& scene, QMap<int, QMarkCategoryVirtual*>& categories);
+    static void CreateMarkCategory(const int& product, const int& scene,
+                                   QMap<int, QMarkCategoryVirtual*>& categories);
     static QMarkCategoryVirtual* CreateMarkCategoryByType(const int& product, const int& scene,
                                                           const int& categoryType);
 

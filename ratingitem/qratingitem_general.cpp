@@ -19,58 +19,95 @@ const qint64 kMinItemRecordBytes = 5 * 4 + 5 * 4 + 3 * 8 + 1 + 5 + 4;
 QRatingItem_General::QRatingItem_General(QObject* parent) : QRatingItemBase(parent) {}
 QRatingItem_General::~QRatingItem_General() = default;
 
-QString QRatingItem_General::GetRatingItemName() { return m_name; }
-QString QRatingItem_General::GetRatingItemUnit() { return m_unit; }
-QString QRatingItem_General::GetRatingItemValue() { return formatValue(m_value); }
-QString QRatingItem_General::GetRatingItemValueStd() { return formatValue(m_valueStd); }
-void QRatingItem_General::SetRatingItemLock(const bool& locked) { m_locked = locked; }
-bool QRatingItem_General::GetRatingItemLock() { return m_locked; }
-void QRatingItem_General::SetRatingItemName(const QString& name) { m_name = name; }
-void QRatingItem_General::SetRatingItemUnit(const QString& unit) { m_unit = unit; }
-void QRatingItem_General::SetAttributeType(const int& type) { m_attributeType = type; }
-int QRatingItem_General::GetAttributeType() { return m_attributeType; }
-void QRatingItem_General::SetRatingItemAttribute(const QVariant& data) { m_attribute = data; }
-void QRatingItem_General::GetRatingItemAttribute(QVariant& out) { out = m_attribute; }
-void QRatingItem_General::SetRatingItemCode(const QString& code) { m_code = code; }
-void QRatingItem_General::SetRatingItemPrecision(const int& precision) { m_precision = precision; }
-QString QRatingItem_General::GetRatingItemCode() { return m_code; }
-void QRatingItem_General::SetRatingItemIndexRule(const int& rule) { m_indexRule = rule; }
-void QRatingItem_General::SetRatingItemScoreRule(const int& rule) { m_scoreRule = rule; }
-double QRatingItem_General::CalculateRatingItemScore(void*) { return 0.0; }
-bool QRatingItem_General::IsSurplusIgnored() { return false; }
-bool QRatingItem_General::SkipRatingItemMatch(QList<void*>&, const bool&) { return false; }
+QString QRatingItem_General::GetRatingItemName() {
+    return m_name;
+}
+QString QRatingItem_General::GetRatingItemUnit() {
+    return m_unit;
+}
+QString QRatingItem_General::GetRatingItemValue() {
+    return formatValue(m_value);
+}
+QString QRatingItem_General::GetRatingItemValueStd() {
+    return formatValue(m_valueStd);
+}
+void QRatingItem_General::SetRatingItemLock(const bool& locked) {
+    m_locked = locked;
+}
+bool QRatingItem_General::GetRatingItemLock() {
+    return m_locked;
+}
+void QRatingItem_General::SetRatingItemName(const QString& name) {
+    m_name = name;
+}
+void QRatingItem_General::SetRatingItemUnit(const QString& unit) {
+    m_unit = unit;
+}
+void QRatingItem_General::SetAttributeType(const int& type) {
+    m_attributeType = type;
+}
+int QRatingItem_General::GetAttributeType() {
+    return m_attributeType;
+}
+void QRatingItem_General::SetRatingItemAttribute(const QVariant& data) {
+    m_attribute = data;
+}
+void QRatingItem_General::GetRatingItemAttribute(QVariant& out) {
+    out = m_attribute;
+}
+void QRatingItem_General::SetRatingItemCode(const QString& code) {
+    m_code = code;
+}
+void QRatingItem_General::SetRatingItemPrecision(const int& precision) {
+    m_precision = precision;
+}
+QString QRatingItem_General::GetRatingItemCode() {
+    return m_code;
+}
+void QRatingItem_General::SetRatingItemIndexRule(const int& rule) {
+    m_indexRule = rule;
+}
+void QRatingItem_General::SetRatingItemScoreRule(const int& rule) {
+    m_scoreRule = rule;
+}
+double QRatingItem_General::CalculateRatingItemScore(void*) {
+    return 0.0;
+}
+bool QRatingItem_General::IsSurplusIgnored() {
+    return false;
+}
+bool QRatingItem_General::SkipRatingItemMatch(QList<void*>&, const bool&) {
+    return false;
+}
 void QRatingItem_General::DoSerializeExtra(QDataStream&, const bool&) {}
 void QRatingItem_General::DoSerializeExtra(QJsonObject&, const bool&) {}
 
-void QRatingItem_General::SetRatingItemValue(const int& value)
-{
+void QRatingItem_General::SetRatingItemValue(const int& value) {
     m_dataType = 5;
     m_value = QString::number(value);
 }
 
-void QRatingItem_General::SetRatingItemValue(const double& value)
-{
+void QRatingItem_General::SetRatingItemValue(const double& value) {
     m_dataType = 1;
     m_value = QString::number(value, 'f', 10);
 }
 
-void QRatingItem_General::SetRatingItemValue(const QString& text, const bool&) { m_value = text; }
+void QRatingItem_General::SetRatingItemValue(const QString& text, const bool&) {
+    m_value = text;
+}
 
-QString QRatingItem_General::formatValue(const QString& text) const
-{
+QString QRatingItem_General::formatValue(const QString& text) const {
     if (m_dataType != 1 && m_dataType != 5)
         return text;
     const double number = text.toDouble(); // text that is not a number reads as 0
     return Double2String(number, m_precision);
 }
 
-QString QRatingItem_General::GetRatingItemCode(const QString& text)
-{
+QString QRatingItem_General::GetRatingItemCode(const QString& text) {
     return (m_indexRule == 4 || m_indexRule == 5) ? text : m_code;
 }
 
-QString QRatingItem_General::GetRatingItemIndex()
-{
+QString QRatingItem_General::GetRatingItemIndex() {
     QString text;
     switch (m_indexRule) {
     case 0:
@@ -91,8 +128,7 @@ QString QRatingItem_General::GetRatingItemIndex()
     return text.simplified();
 }
 
-void QRatingItem_General::AddRatingItem(void* child, const bool&)
-{
+void QRatingItem_General::AddRatingItem(void* child, const bool&) {
     QRatingItemVirtual* item = MarkPointer::item(child);
     if (!item)
         return;
@@ -102,13 +138,11 @@ void QRatingItem_General::AddRatingItem(void* child, const bool&)
         insertAnswerChild(key, child);
 }
 
-void* QRatingItem_General::GetRatingItemByIndex(const QString& text)
-{
+void* QRatingItem_General::GetRatingItemByIndex(const QString& text) {
     return answerChildMap().value(text, nullptr);
 }
 
-void QRatingItem_General::ClearLastRatingData()
-{
+void QRatingItem_General::ClearLastRatingData() {
     m_scoreStd = 0.0;
     m_score = 0.0;
     m_valueStd.clear();
@@ -119,8 +153,7 @@ void QRatingItem_General::ClearLastRatingData()
     }
 }
 
-double QRatingItem_General::ExecuteDBScore(void* standardItem, const int& mode)
-{
+double QRatingItem_General::ExecuteDBScore(void* standardItem, const int& mode) {
     QRatingItem_General* standard = MarkPointer::item<QRatingItem_General>(standardItem);
     if (!standard)
         return 0.0;
@@ -137,8 +170,7 @@ double QRatingItem_General::ExecuteDBScore(void* standardItem, const int& mode)
     return m_score;
 }
 
-void QRatingItem_General::SetRatingItemStatus(const int& status, void* standardItem)
-{
+void QRatingItem_General::SetRatingItemStatus(const int& status, void* standardItem) {
     if (status == 2) {
         QRatingItem_General* standard = MarkPointer::item<QRatingItem_General>(standardItem);
         if (!standard)
@@ -164,8 +196,7 @@ void QRatingItem_General::SetRatingItemStatus(const int& status, void* standardI
     }
 }
 
-void QRatingItem_General::ScoreChildRatingItems(const int& mode, void* standardItem)
-{
+void QRatingItem_General::ScoreChildRatingItems(const int& mode, void* standardItem) {
     QRatingItemVirtual* standard = MarkPointer::item(standardItem);
     if (!standard)
         return;
@@ -181,8 +212,7 @@ void QRatingItem_General::ScoreChildRatingItems(const int& mode, void* standardI
 }
 
 void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
-                                                QList<void*>& standardChildren)
-{
+                                                QList<void*>& standardChildren) {
     // A candidate child that two standard children share is scored and listed for the first only.
     QSet<void*> matched;
     QList<void*> candidates;
@@ -219,8 +249,7 @@ void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QStri
     SkipRatingItemMatch(candidates, true);
 }
 
-void QRatingItem_General::HandleSurplusRatingItems(QMultiMap<QString, void*>& remaining, QList<void*>&)
-{
+void QRatingItem_General::HandleSurplusRatingItems(QMultiMap<QString, void*>& remaining, QList<void*>&) {
     QSet<void*> listed;
     for (auto it = remaining.cbegin(); it != remaining.cend(); ++it) {
         QRatingItem_General* surplus = MarkPointer::item<QRatingItem_General>(it.value());
@@ -232,14 +261,12 @@ void QRatingItem_General::HandleSurplusRatingItems(QMultiMap<QString, void*>& re
     }
 }
 
-void QRatingItem_General::DoSerialize(QJsonObject& object, const bool& read)
-{
+void QRatingItem_General::DoSerialize(QJsonObject& object, const bool& read) {
     DoSerializeItem(object, read);
     QRatingItemBase::DoSerialize(object, read);
 }
 
-void QRatingItem_General::DoSerializeItem(QJsonObject& object, const bool& read)
-{
+void QRatingItem_General::DoSerializeItem(QJsonObject& object, const bool& read) {
     using namespace RecordIO;
     if (read) {
         m_attributeType = jsonInt(object, QStringLiteral("attribute"));
@@ -280,8 +307,7 @@ void QRatingItem_General::DoSerializeItem(QJsonObject& object, const bool& read)
     DoSerializeExtra(object, read);
 }
 
-void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read)
-{
+void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read) {
     RecordIO::DepthGuard guard;
     if (!guard.ok()) {
         stream.setStatus(read ? QDataStream::ReadCorruptData : QDataStream::WriteFailed);
@@ -307,8 +333,8 @@ void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read)
         return;
     }
     qint32 attributeType = 0, indexRule = 0, scoreRule = 0, dataType = 0, precision = 0;
-    stream >> attributeType >> indexRule >> scoreRule >> dataType >> precision >> m_code >> m_name >> m_value >>
-        m_unit >> m_remark >> m_score >> m_upperRange >> m_lowerRange >> m_locked;
+    stream >> attributeType >> indexRule >> scoreRule >> dataType >> precision >> m_code >> m_name >>
+        m_value >> m_unit >> m_remark >> m_score >> m_upperRange >> m_lowerRange >> m_locked;
     m_attributeType = attributeType;
     m_indexRule = indexRule;
     m_scoreRule = scoreRule;
@@ -323,6 +349,10 @@ void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read)
     qint32 count = 0;
     if (!RecordIO::good(stream) || !RecordIO::readCount(stream, count, kMinItemRecordBytes))
         return;
+    if (count > 0 && !guard.canNest()) {
+        RecordIO::refuse(stream);
+        return;
+    }
     for (qint32 i = 0; i < count && RecordIO::good(stream); ++i) {
         void* pointer = CreateRatingItem(nullptr);
         QRatingItemVirtual* child = MarkPointer::item(pointer);

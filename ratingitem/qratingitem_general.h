@@ -55,7 +55,8 @@ public:
     virtual bool SkipRatingItemMatch(QList<void*>& candidates, const bool& finished);
     virtual void MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
                                        QList<void*>& standardChildren);
-    virtual void HandleSurplusRatingItems(QMultiMap<QString, void*>& remaining, QList<void*>& standardChildren);
+    virtual void HandleSurplusRatingItems(QMultiMap<QString, void*>& remaining,
+                                          QList<void*>& standardChildren);
     virtual void DoSerializeExtra(QDataStream& stream, const bool& read);
     virtual void DoSerializeExtra(QJsonObject& object, const bool& read);
 

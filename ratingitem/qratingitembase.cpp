@@ -8,24 +8,51 @@
 
 QRatingItemBase::QRatingItemBase(QObject* parent) : QRatingItemVirtual(parent) {}
 
-QRatingItemBase::~QRatingItemBase() { QRatingItemBase::ClearRatingItemData(); }
+QRatingItemBase::~QRatingItemBase() {
+    QRatingItemBase::ClearRatingItemData();
+}
 
-double QRatingItemBase::GetRatingItemScore() { return m_score; }
-double QRatingItemBase::GetRatingItemScoreStd() { return m_scoreStd; }
-int QRatingItemBase::GetRatingItemLevel() { return m_level; }
-void QRatingItemBase::GetRatingItemList(QList<void*>& out) { out = m_children; }
-bool QRatingItemBase::GetRatingItemLock() { return false; }
-QString QRatingItemBase::GetRatingItemRemark() { return m_remark; }
-void QRatingItemBase::SetRatingItemScoreStd(const double& score) { m_scoreStd = score; }
-void QRatingItemBase::SetRatingItemScore(const double& score) { m_score = score; }
-void QRatingItemBase::SetRatingItemRemark(const QString& remark) { m_remark = remark; }
-void QRatingItemBase::SetRatingItemLevel(const int& level) { m_level = level; }
-int QRatingItemBase::GetChildItemCount() { return m_children.size(); }
-bool QRatingItemBase::HasChildRatingItem() { return !m_children.isEmpty(); }
-QString QRatingItemBase::GetClassName() { return QStringLiteral("QRatingItemBase"); }
+double QRatingItemBase::GetRatingItemScore() {
+    return m_score;
+}
+double QRatingItemBase::GetRatingItemScoreStd() {
+    return m_scoreStd;
+}
+int QRatingItemBase::GetRatingItemLevel() {
+    return m_level;
+}
+void QRatingItemBase::GetRatingItemList(QList<void*>& out) {
+    out = m_children;
+}
+bool QRatingItemBase::GetRatingItemLock() {
+    return false;
+}
+QString QRatingItemBase::GetRatingItemRemark() {
+    return m_remark;
+}
+void QRatingItemBase::SetRatingItemScoreStd(const double& score) {
+    m_scoreStd = score;
+}
+void QRatingItemBase::SetRatingItemScore(const double& score) {
+    m_score = score;
+}
+void QRatingItemBase::SetRatingItemRemark(const QString& remark) {
+    m_remark = remark;
+}
+void QRatingItemBase::SetRatingItemLevel(const int& level) {
+    m_level = level;
+}
+int QRatingItemBase::GetChildItemCount() {
+    return m_children.size();
+}
+bool QRatingItemBase::HasChildRatingItem() {
+    return !m_children.isEmpty();
+}
+QString QRatingItemBase::GetClassName() {
+    return QStringLiteral("QRatingItemBase");
+}
 
-bool QRatingItemBase::takeOwnership(void* child)
-{
+bool QRatingItemBase::takeOwnership(void* child) {
     if (!child || child == MarkPointer::fromItem(this))
         return false;
     if (!m_ownedSet.contains(child)) {
@@ -35,27 +62,23 @@ bool QRatingItemBase::takeOwnership(void* child)
     return true;
 }
 
-void QRatingItemBase::appendChild(void* child)
-{
+void QRatingItemBase::appendChild(void* child) {
     if (takeOwnership(child))
         m_children.append(child);
 }
 
-void QRatingItemBase::insertAnswerChild(const QString& key, void* child)
-{
+void QRatingItemBase::insertAnswerChild(const QString& key, void* child) {
     if (takeOwnership(child))
         m_answerChildren.insert(key, child);
 }
 
-void QRatingItemBase::replaceChildList(const QList<void*>& children)
-{
+void QRatingItemBase::replaceChildList(const QList<void*>& children) {
     m_children.clear();
     for (void* child : children)
         appendChild(child);
 }
 
-void QRatingItemBase::ClearRatingItemData(QList<void*>& items)
-{
+void QRatingItemBase::ClearRatingItemData(QList<void*>& items) {
     QSet<void*> deleted;
     for (void* pointer : items) {
         if (!pointer || deleted.contains(pointer))
@@ -65,8 +88,7 @@ void QRatingItemBase::ClearRatingItemData(QList<void*>& items)
     }
 }
 
-void QRatingItemBase::ClearRatingItemData()
-{
+void QRatingItemBase::ClearRatingItemData() {
     // Detach first, so that nothing reachable from this item points at a deleted child.
     QList<void*> owned;
     owned.swap(m_owned);
@@ -76,8 +98,7 @@ void QRatingItemBase::ClearRatingItemData()
     ClearRatingItemData(owned);
 }
 
-void QRatingItemBase::AssignScore(const double& score)
-{
+void QRatingItemBase::AssignScore(const double& score) {
     m_score = score;
     const int count = m_children.size();
     if (count == 0)
@@ -89,8 +110,7 @@ void QRatingItemBase::AssignScore(const double& score)
     }
 }
 
-int QRatingItemBase::EliminateLockItem(double& rest)
-{
+int QRatingItemBase::EliminateLockItem(double& rest) {
     int locked = 0;
     for (void* pointer : m_children) {
         QRatingItemVirtual* child = MarkPointer::item(pointer);
@@ -102,8 +122,7 @@ int QRatingItemBase::EliminateLockItem(double& rest)
     return locked;
 }
 
-void QRatingItemBase::RedistributeScore(const double& score)
-{
+void QRatingItemBase::RedistributeScore(const double& score) {
     if (GetRatingItemLock())
         return;
     m_scoreStd = score;
@@ -120,20 +139,18 @@ void QRatingItemBase::RedistributeScore(const double& score)
     }
 }
 
-void QRatingItemBase::AdjustRatingItemScore()
-{
+void QRatingItemBase::AdjustRatingItemScore() {
     if ((m_scoreStd >= 0.0 && m_score < 0.0) || (m_scoreStd < 0.0 && m_score > 0.0)) {
         m_score = 0.0;
         m_remark = RatingItemText::scoreClamped();
     }
 }
 
-void QRatingItemBase::DoSerialize(QJsonObject& object, const bool& read)
-{
+void QRatingItemBase::DoSerialize(QJsonObject& object, const bool& read) {
     const QString key = QStringLiteral("items");
-    // Below the depth limit a subtree is neither read nor written (it would not read back).
+    // Children beyond the depth limit are neither written nor read (they would not read back).
     RecordIO::DepthGuard guard;
-    if (!guard.ok())
+    if (!guard.canNest())
         return;
     if (!read) {
         QJsonArray array;

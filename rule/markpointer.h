@@ -11,23 +11,24 @@
 
 namespace MarkPointer {
 
-inline QObject* object(void* pointer) { return static_cast<QObject*>(pointer); }
+inline QObject* object(void* pointer) {
+    return static_cast<QObject*>(pointer);
+}
 
 // A rating item of class T (QRatingItemVirtual or any subclass), or null.
-template <class T = QRatingItemVirtual> T* item(void* pointer)
-{
+template <class T = QRatingItemVirtual> T* item(void* pointer) {
     return pointer ? qobject_cast<T*>(object(pointer)) : nullptr;
 }
 
-inline void* fromItem(QRatingItemVirtual* item) { return static_cast<QObject*>(item); }
+inline void* fromItem(QRatingItemVirtual* item) {
+    return static_cast<QObject*>(item);
+}
 
-inline QWorkItemVirtual* workItem(void* pointer)
-{
+inline QWorkItemVirtual* workItem(void* pointer) {
     return pointer ? qobject_cast<QWorkItemVirtual*>(object(pointer)) : nullptr;
 }
 
-inline QProjectDataVirtual* projectData(void* pointer)
-{
+inline QProjectDataVirtual* projectData(void* pointer) {
     return pointer ? qobject_cast<QProjectDataVirtual*>(object(pointer)) : nullptr;
 }
 

@@ -7,7 +7,9 @@ void QMarkCategoryVirtual::UpdateCategory(void*, const bool&) {}
 void QMarkCategoryVirtual::DoSerialize(QJsonObject&, const bool&) {}
 void QMarkCategoryVirtual::DoSerialize(QDataStream&, const bool&) {}
 void QMarkCategoryVirtual::AssignScore(const double&) {}
-double QMarkCategoryVirtual::ExecuteDBScore(QMarkCategoryVirtual*) { return 0.0; }
+double QMarkCategoryVirtual::ExecuteDBScore(QMarkCategoryVirtual*) {
+    return 0.0;
+}
 void QMarkCategoryVirtual::SetMarkGanttTime(const QString&) {}
 void QMarkCategoryVirtual::SetMarkGanttChart(const QString&) {}
 void QMarkCategoryVirtual::SetMarkPerScreen(const int&) {}
@@ -27,4 +29,6 @@ void QMarkCategoryVirtual::GetLogicList(QStringList&) {}
 void QMarkCategoryVirtual::SetLogicList(const QStringList&) {}
 void QMarkCategoryVirtual::SetLogicMatrix(QMultiMap<QString, int>&, int**, int&) {}
 void QMarkCategoryVirtual::AddResCurveRecord(void*) {}
-int QMarkCategoryVirtual::GetResCurveTotalTime(int&, int&) { return 0; }
+int QMarkCategoryVirtual::GetResCurveTotalTime(int&, int&) {
+    return 0;
+}

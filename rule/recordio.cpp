@@ -11,16 +11,14 @@ namespace {
 
 thread_local int t_depth = 0;
 
-bool variantReadable(const QDataStream& stream)
-{
+bool variantReadable(const QDataStream& stream) {
     // Qt 4.0 and later share the type ids of the allowed types; older encodings are not read.
     return stream.version() >= QDataStream::Qt_4_0;
 }
 
 bool readVariantAt(QDataStream& stream, QVariant& value, int depth);
 
-template <class T> bool readPlain(QDataStream& stream, QVariant& value)
-{
+template <class T> bool readPlain(QDataStream& stream, QVariant& value) {
     T plain{};
     stream >> plain;
     if (!good(stream))
@@ -29,8 +27,7 @@ template <class T> bool readPlain(QDataStream& stream, QVariant& value)
     return true;
 }
 
-bool readStringList(QDataStream& stream, QVariant& value)
-{
+bool readStringList(QDataStream& stream, QVariant& value) {
     qint32 count = 0;
     if (!readCount(stream, count, 4))
         return false;
@@ -46,8 +43,7 @@ bool readStringList(QDataStream& stream, QVariant& value)
     return true;
 }
 
-bool readList(QDataStream& stream, QVariant& value, int depth)
-{
+bool readList(QDataStream& stream, QVariant& value, int depth) {
     qint32 count = 0;
     if (!readCount(stream, count, 4))
         return false;
@@ -62,8 +58,7 @@ bool readList(QDataStream& stream, QVariant& value, int depth)
     return true;
 }
 
-bool readMap(QDataStream& stream, QVariant& value, int depth)
-{
+bool readMap(QDataStream& stream, QVariant& value, int depth) {
     qint32 count = 0;
     if (!readCount(stream, count, 8))
         return false;
@@ -80,8 +75,7 @@ bool readMap(QDataStream& stream, QVariant& value, int depth)
     return true;
 }
 
-bool readVariantAt(QDataStream& stream, QVariant& value, int depth)
-{
+bool readVariantAt(QDataStream& stream, QVariant& value, int depth) {
     value = QVariant();
     if (depth > kMaxDepth || !variantReadable(stream))
         return refuse(stream);
@@ -124,8 +118,7 @@ bool readVariantAt(QDataStream& stream, QVariant& value, int depth)
     }
 }
 
-bool storableAt(const QVariant& value, int depth)
-{
+bool storableAt(const QVariant& value, int depth) {
     if (depth > kMaxDepth)
         return false;
     switch (value.userType()) {
@@ -163,8 +156,7 @@ bool storableAt(const QVariant& value, int depth)
 
 // Nested null JSON values inside lists and maps become invalid variants, so that the stock
 // encoder writes only allowed type ids.
-QVariant withoutNulls(const QVariant& value)
-{
+QVariant withoutNulls(const QVariant& value) {
     switch (value.userType()) {
     case QMetaType::Nullptr:
         return QVariant();
@@ -188,16 +180,19 @@ QVariant withoutNulls(const QVariant& value)
 } // namespace
 
 DepthGuard::DepthGuard() : m_ok(++t_depth <= kMaxDepth) {}
-DepthGuard::~DepthGuard() { --t_depth; }
+DepthGuard::~DepthGuard() {
+    --t_depth;
+}
+bool DepthGuard::canNest() const {
+    return m_ok && t_depth < kMaxDepth;
+}
 
-bool refuse(QDataStream& stream)
-{
+bool refuse(QDataStream& stream) {
     stream.setStatus(QDataStream::ReadCorruptData);
     return false;
 }
 
-bool readCount(QDataStream& stream, qint32& count, qint64 minBytesPerElement)
-{
+bool readCount(QDataStream& stream, qint32& count, qint64 minBytesPerElement) {
     count = 0;
     qint32 value = 0;
     stream >> value;
@@ -214,16 +209,16 @@ bool readCount(QDataStream& stream, qint32& count, qint64 minBytesPerElement)
     return true;
 }
 
-void readVariant(QDataStream& stream, QVariant& value)
-{
+void readVariant(QDataStream& stream, QVariant& value) {
     if (!readVariantAt(stream, value, 0))
         value = QVariant();
 }
 
-bool isStorableVariant(const QVariant& value) { return storableAt(value, 0); }
+bool isStorableVariant(const QVariant& value) {
+    return storableAt(value, 0);
+}
 
-void writeVariant(QDataStream& stream, const QVariant& value)
-{
+void writeVariant(QDataStream& stream, const QVariant& value) {
     if (!good(stream))
         return;
     if (!variantReadable(stream) || !isStorableVariant(value)) {
@@ -233,26 +228,22 @@ void writeVariant(QDataStream& stream, const QVariant& value)
     stream << withoutNulls(value);
 }
 
-int jsonInt(const QJsonObject& object, const QString& key)
-{
+int jsonInt(const QJsonObject& object, const QString& key) {
     const QJsonValue value = object.value(key);
     return value.isDouble() ? value.toInt() : 0;
 }
 
-double jsonDouble(const QJsonObject& object, const QString& key)
-{
+double jsonDouble(const QJsonObject& object, const QString& key) {
     const QJsonValue value = object.value(key);
     return value.isDouble() ? value.toDouble() : 0.0;
 }
 
-bool jsonBool(const QJsonObject& object, const QString& key)
-{
+bool jsonBool(const QJsonObject& object, const QString& key) {
     const QJsonValue value = object.value(key);
     return value.isBool() && value.toBool();
 }
 
-QString jsonString(const QJsonObject& object, const QString& key)
-{
+QString jsonString(const QJsonObject& object, const QString& key) {
     const QJsonValue value = object.value(key);
     return value.isString() ? value.toString() : QString();
 }

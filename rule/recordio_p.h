@@ -24,13 +24,17 @@ public:
     DepthGuard(const DepthGuard&) = delete;
     DepthGuard& operator=(const DepthGuard&) = delete;
     bool ok() const { return m_ok; }
+    // Whether a record nested one level below this one would still be accepted.
+    bool canNest() const;
 
 private:
     bool m_ok;
 };
 
 // True while the stream can still be read or written.
-inline bool good(const QDataStream& stream) { return stream.status() == QDataStream::Ok; }
+inline bool good(const QDataStream& stream) {
+    return stream.status() == QDataStream::Ok;
+}
 
 // Marks the stream corrupt (reading) and returns false, for one-line refusals.
 bool refuse(QDataStream& stream);

@@ -1,4 +1,6 @@
 // Resource factory: the general resource class of a schedule scene.
 #include "qresourcebase.h"
 
-QResourceVirtual* QResourceBase::CreateResource(const int&, const int&) { return nullptr; }
+QResourceVirtual* QResourceBase::CreateResource(const int&, const int&) {
+    return nullptr;
+}

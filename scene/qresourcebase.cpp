@@ -3,7 +3,9 @@
 QResourceBase::QResourceBase(QObject* parent) : QResourceVirtual(parent) {}
 QResourceBase::~QResourceBase() = default;
 
-QString QResourceBase::GetClassName() { return QStringLiteral("QResourceBase"); }
+QString QResourceBase::GetClassName() {
+    return QStringLiteral("QResourceBase");
+}
 void QResourceBase::SetFactor(const int&) {}
 void QResourceBase::SetPrice(const int&) {}
 void QResourceBase::SetUnit(const QString&) {}

@@ -5,6 +5,10 @@ QMap<int, QSceneVirtual*> QSceneBase::m_mapScene;
 QSceneBase::QSceneBase(QObject* parent) : QSceneVirtual(parent) {}
 QSceneBase::~QSceneBase() = default;
 
-QString QSceneBase::GetClassName() { return QStringLiteral("QSceneBase"); }
+QString QSceneBase::GetClassName() {
+    return QStringLiteral("QSceneBase");
+}
 
-QSceneVirtual* QSceneBase::GetScenePtrByType(const int& sceneType) { return m_mapScene.value(sceneType, nullptr); }
+QSceneVirtual* QSceneBase::GetScenePtrByType(const int& sceneType) {
+    return m_mapScene.value(sceneType, nullptr);
+}

@@ -16,11 +16,12 @@ run_suite() { # name, extra cmake arguments...
 }
 
 run_suite release -DCMAKE_INSTALL_PREFIX="$root/build-release/_install"
-ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
-    run_suite sanitize -DMARKRULE_SANITIZE=ON
 
 # A consumer project against the installed package.
 cmake --install build-release
 cmake -S examples/consumer -B build-consumer -G Ninja -DCMAKE_PREFIX_PATH="$root/build-release/_install"
 cmake --build build-consumer
 ./build-consumer/markrule-consumer
+
+ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+    run_suite sanitize -DMARKRULE_SANITIZE=ON

@@ -8,8 +8,7 @@
 
 namespace {
 
-QRatingItemVirtual* criterion(QRatingItemVirtual* parent, const QString& name)
-{
+QRatingItemVirtual* criterion(QRatingItemVirtual* parent, const QString& name) {
     auto* item = new QRatingItem_General;
     item->SetRatingItemIndexRule(1);
     item->SetRatingItemName(name);
@@ -20,8 +19,7 @@ QRatingItemVirtual* criterion(QRatingItemVirtual* parent, const QString& name)
 
 } // namespace
 
-int main()
-{
+int main() {
     QTextStream out(stdout);
     std::unique_ptr<QRatingItemVirtual> root(criterion(nullptr, QStringLiteral("exam")));
     QRatingItemVirtual* locked = criterion(root.get(), QStringLiteral("foundation"));

@@ -11,20 +11,23 @@ namespace {
 const double kEpsilon = 1e-10;
 
 // Remark texts written when a comparison deducts points.
-QString deviationRemark(double deviation, double deducted)
-{
+QString deviationRemark(double deviation, double deducted) {
     return QStringLiteral("偏差%1%，扣%2分").arg(deviation, 0, 'f', 2).arg(deducted, 0, 'f', 2);
 }
-QString zeroStandardRemark() { return QStringLiteral("标准值为0，偏差无法计算，不得分"); }
-QString ratioRemark(double ratio) { return QStringLiteral("与标准值比例为%1%").arg(ratio * 100.0, 0, 'f', 2); }
-QString segmentRemark(double ratio, double factor)
-{
-    return QStringLiteral("与标准值比例为%1%，得分系数%2").arg(ratio * 100.0, 0, 'f', 2).arg(factor, 0, 'g', 6);
+QString zeroStandardRemark() {
+    return QStringLiteral("标准值为0，偏差无法计算，不得分");
+}
+QString ratioRemark(double ratio) {
+    return QStringLiteral("与标准值比例为%1%").arg(ratio * 100.0, 0, 'f', 2);
+}
+QString segmentRemark(double ratio, double factor) {
+    return QStringLiteral("与标准值比例为%1%，得分系数%2")
+        .arg(ratio * 100.0, 0, 'f', 2)
+        .arg(factor, 0, 'g', 6);
 }
 
 // min/max of the absolute values when both numbers have the same sign.
-double valueRatio(double student, double standard)
-{
+double valueRatio(double student, double standard) {
     const bool studentZero = std::fabs(student) <= kEpsilon;
     const bool standardZero = std::fabs(standard) <= kEpsilon;
     if (studentZero && standardZero)
@@ -36,8 +39,7 @@ double valueRatio(double student, double standard)
     return std::min(a, b) / std::max(a, b);
 }
 
-QStringList trimmedParts(const QString& text)
-{
+QStringList trimmedParts(const QString& text) {
     QStringList parts;
     for (const QString& part : text.split(QLatin1Char(';'))) {
         const QString trimmed = part.trimmed();
@@ -55,25 +57,22 @@ Q3DCoord::Q3DCoord(const Q3DCoord& other) = default;
 Q3DCoord& Q3DCoord::operator=(const Q3DCoord& other) = default;
 Q3DCoord::~Q3DCoord() = default;
 
-bool Q3DCoord::operator==(const Q3DCoord& other) const
-{
+bool Q3DCoord::operator==(const Q3DCoord& other) const {
     return m_x == other.m_x && m_y == other.m_y && m_z == other.m_z;
 }
 
-double CAL_Contrast(const QString& student, const QString& standard, const double& points, const bool& caseSensitive)
-{
+double CAL_Contrast(const QString& student, const QString& standard, const double& points,
+                    const bool& caseSensitive) {
     const Qt::CaseSensitivity cs = caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
     return student.compare(standard, cs) == 0 ? points : 0.0;
 }
 
-double CAL_Contrast(const double& student, const double& standard, const double& points)
-{
+double CAL_Contrast(const double& student, const double& standard, const double& points) {
     return std::fabs(student - standard) <= kEpsilon ? points : 0.0;
 }
 
 double CAL_Interval(const double& student, const double& standard, const double& points, const double& bandA,
-                    const double& bandB, QString& remark)
-{
+                    const double& bandB, QString& remark) {
     const double lower = std::min(bandA, bandB);
     const double upper = std::max(bandA, bandB);
     double deviation = 0.0;
@@ -95,8 +94,7 @@ double CAL_Interval(const double& student, const double& standard, const double&
 }
 
 double CAL_Contain_Ratio(const QString& student, const QString& standard, const double& points,
-                         const bool& caseSensitive)
-{
+                         const bool& caseSensitive) {
     const QStringList wanted = trimmedParts(standard);
     const QStringList given = trimmedParts(student);
     if (wanted.isEmpty())
@@ -112,8 +110,7 @@ double CAL_Contain_Ratio(const QString& student, const QString& standard, const 
     return points * found / wanted.size();
 }
 
-double CAL_Value_Ratio(const double& student, const double& standard, const double& points, QString& remark)
-{
+double CAL_Value_Ratio(const double& student, const double& standard, const double& points, QString& remark) {
     const double ratio = valueRatio(student, standard);
     if (ratio < 1.0)
         remark = ratioRemark(ratio);
@@ -121,8 +118,7 @@ double CAL_Value_Ratio(const double& student, const double& standard, const doub
 }
 
 double CAL_Segment_Ratio(const double& student, const double& standard, const double& points,
-                         const QList<Q3DCoord>& segments, QString& remark)
-{
+                         const QList<Q3DCoord>& segments, QString& remark) {
     const double ratio = valueRatio(student, standard);
     double factor = 0.0;
     for (const Q3DCoord& segment : segments) {
@@ -136,7 +132,6 @@ double CAL_Segment_Ratio(const double& student, const double& standard, const do
     return factor * points;
 }
 
-QString Double2String(const double& value, const int& decimals)
-{
+QString Double2String(const double& value, const int& decimals) {
     return QString::number(value, 'f', qBound(0, decimals, 15));
 }

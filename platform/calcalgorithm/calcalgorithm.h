@@ -58,17 +58,18 @@ private:
     double m_z = 0.0;
 };
 
-CALCALGORITHM_EXPORT double CAL_Contrast(const QString& student, const QString& standard, const double& points,
-                                         const bool& caseSensitive);
+CALCALGORITHM_EXPORT double CAL_Contrast(const QString& student, const QString& standard,
+                                         const double& points, const bool& caseSensitive);
 CALCALGORITHM_EXPORT double CAL_Contrast(const double& student, const double& standard, const double& points);
 CALCALGORITHM_EXPORT double CAL_Interval(const double& student, const double& standard, const double& points,
                                          const double& bandA, const double& bandB, QString& remark);
-CALCALGORITHM_EXPORT double CAL_Contain_Ratio(const QString& student, const QString& standard, const double& points,
-                                              const bool& caseSensitive);
-CALCALGORITHM_EXPORT double CAL_Value_Ratio(const double& student, const double& standard, const double& points,
-                                            QString& remark);
-CALCALGORITHM_EXPORT double CAL_Segment_Ratio(const double& student, const double& standard, const double& points,
-                                              const QList<Q3DCoord>& segments, QString& remark);
+CALCALGORITHM_EXPORT double CAL_Contain_Ratio(const QString& student, const QString& standard,
+                                              const double& points, const bool& caseSensitive);
+CALCALGORITHM_EXPORT double CAL_Value_Ratio(const double& student, const double& standard,
+                                            const double& points, QString& remark);
+CALCALGORITHM_EXPORT double CAL_Segment_Ratio(const double& student, const double& standard,
+                                              const double& points, const QList<Q3DCoord>& segments,
+                                              QString& remark);
 CALCALGORITHM_EXPORT QString Double2String(const double& value, const int& decimals);
 
 #endif // CALCALGORITHM_H

@@ -2,22 +2,19 @@
 
 namespace {
 
-const QString& digits()
-{
+const QString& digits() {
     static const QString text = QStringLiteral("零一二三四五六七八九");
     return text;
 }
 
-const QString& units()
-{
+const QString& units() {
     // ones, tens, hundreds, thousands, ten-thousands
     static const QString text = QStringLiteral(" 十百千万");
     return text;
 }
 
 // 1..99999 in Chinese numerals; "一十" is written "十" at the start of the number.
-QString chineseNumeral(int number)
-{
+QString chineseNumeral(int number) {
     QString text;
     bool pendingZero = false;
     for (int position = 4; position >= 0; --position) {
@@ -44,8 +41,7 @@ QString chineseNumeral(int number)
 
 } // namespace
 
-QString ConvertIntToUString(const int& number)
-{
+QString ConvertIntToUString(const int& number) {
     if (number == 0)
         return digits().left(1);
     if (number < -99999 || number > 99999)
@@ -55,8 +51,7 @@ QString ConvertIntToUString(const int& number)
     return chineseNumeral(number);
 }
 
-QString ConvertIntToTString(const int& number)
-{
+QString ConvertIntToTString(const int& number) {
     if (number >= 1 && number <= 20)
         return QString(QChar(0x2460 + number - 1));
     if (number >= 21 && number <= 35)

@@ -24,8 +24,7 @@ public:
     void GetDuration(QString& out) override { out = duration; }
     QString GetColor() override { return color; }
     QString GetLineWidth() override { return lineWidth; }
-    QString GetLabourIntensity(QString& crewOut) override
-    {
+    QString GetLabourIntensity(QString& crewOut) override {
         crewOut = crew;
         return labourIntensity;
     }

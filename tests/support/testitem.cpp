@@ -1,0 +1,5 @@
+#include "testitem.h"
+
+int TestItem::destroyedCount = 0;
+bool TestItem::failCreate = false;
+int TestItem::liveCount = 0;

@@ -102,7 +102,13 @@ private slots:
         candidate.setNetwork(newMatrix(4, {{0, 1}, {1, 2}, {1, 3}}), 4);
         QCOMPARE(candidate.ExecuteDBScore(standard.get()), 0.0);
         QCOMPARE(candidate.nodeCount(), 4);
+        candidate.SetLogicList(QStringList{"A->B"});
+        QStringList list;
+        candidate.GetLogicList(list);
+        QCOMPARE(list, QStringList{"A->B"});
         candidate.ClearLogicData();
+        candidate.GetLogicList(list);
+        QVERIFY(list.isEmpty());
         QCOMPARE(candidate.linkMatrix(), nullptr);
         QVERIFY(candidate.nodeMap().isEmpty());
     }
@@ -176,17 +182,6 @@ private slots:
         withRoot.InitMarkCategory(gantt.get());
         QCOMPARE(withRoot.nodeCount(), 3);
         QCOMPARE(withRoot.nodeMap().size(), 3);
-    }
-
-    void logicListIsKeptForTheHost() {
-        LogicProbe category;
-        category.SetLogicList(QStringList{"A->B", "B->C"});
-        QStringList list;
-        category.GetLogicList(list);
-        QCOMPARE(list, (QStringList{"A->B", "B->C"}));
-        category.ClearLogicData();
-        category.GetLogicList(list);
-        QVERIFY(list.isEmpty());
     }
 
     void siteItemsCanHaveAParent() {

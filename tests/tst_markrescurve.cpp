@@ -95,15 +95,6 @@ private slots:
         QVERIFY(figuresOf(curve.get()) == (Figures{start, end, total, machineWeeks}));
     }
 
-    void holdsOneCurve() {
-        CategoryPtr curve = makeCategory(2, 4);
-        QVERIFY(!curve->IsCustomResCurve());
-        curve->SetMarkCurveName(QStringLiteral("钢筋"));
-        curve->SetMarkCurveCustomType(true);
-        QCOMPARE(curve->GetMarkCurveName(), QStringLiteral("钢筋"));
-        QVERIFY(curve->IsCustomResCurve());
-    }
-
     void buildHandsResourcesToTheSidesBuilder() {
         FakeResource rebar(QStringLiteral("钢筋原材"), 12);
         FakeProjectData project;
@@ -136,7 +127,11 @@ private slots:
         FakeProjectData project;
         project.totalDays = 10;
         CategoryPtr curve = makeCategory(scene, 4);
+        curve->SetMarkCurveName(QStringLiteral("发电机组"));
+        curve->SetMarkCurveCustomType(true);
         curve->UpdateCategory(static_cast<QObject*>(&project), true);
+        QCOMPARE(curve->GetMarkCurveName(), QStringLiteral("发电机组"));
+        QVERIFY(curve->IsCustomResCurve());
         QRatingItemVirtual* root = rootOf(curve.get());
         QCOMPARE(root->GetRatingItemName(), QStringLiteral("资源曲线图正确性"));
         QCOMPARE(root->GetAttributeType(), 21);

@@ -5,6 +5,7 @@
 
 #include "fakeproject.h"
 #include "markrule.h"
+#include "testitem.h"
 
 #include <QJsonObject>
 #include <QStringList>
@@ -23,12 +24,7 @@ inline QRatingItemVirtual* rootOf(QMarkCategoryVirtual* category) {
 }
 
 inline QList<QRatingItemVirtual*> itemsOf(QRatingItemVirtual* item) {
-    QList<void*> pointers;
-    item->GetRatingItemList(pointers);
-    QList<QRatingItemVirtual*> items;
-    for (void* pointer : pointers)
-        items.append(MarkPointer::item(pointer));
-    return items;
+    return childrenOf(item);
 }
 
 inline QStringList namesOf(QRatingItemVirtual* item) {

@@ -34,6 +34,13 @@
 #include "qmarkcategorybase.h"
 
 // Schedule categories
+#include "qmarkattribute.h"
+#include "qmarkganttchart.h"
+#include "qmarkintegrity.h"
+#include "qmarklogical.h"
+#include "qmarknetprinciple.h"
+#include "qmarknetrationality.h"
+#include "qmarkrescurve.h"
 
 // Resources and scenes
 #include "qresourcebase.h"

@@ -314,6 +314,28 @@ private slots:
             },
             kFirstSlot + 33);
     }
+    void scheduleCategoryAppends() {
+        // operations of their own, after the base's GetClassName
+        checkConsecutive({slotOf(static_cast<void (QMarkAttribute_Sked::*)(void*, void*)>(
+                             &QMarkAttribute_Sked::FillWorkItemAttributes))},
+                         kFirstSlot + 35);
+        checkConsecutive(
+            {slotOf(static_cast<void (QMarkLogical_Sked::*)()>(&QMarkLogical_Sked::ClearLogicData))},
+            kFirstSlot + 35);
+        checkConsecutive(
+            {
+                slotOf(static_cast<void (QMarkResCurve_Sked::*)(QList<QResourceVirtual*>&)>(
+                    &QMarkResCurve_Sked::BuildCurveItemsStd)),
+                slotOf(static_cast<void (QMarkResCurve_Sked::*)(QList<QResourceVirtual*>&)>(
+                    &QMarkResCurve_Sked::BuildCurveItems)),
+            },
+            kFirstSlot + 35);
+        // scene classes override but add nothing
+        QCOMPARE(slotOf(&QMarkAttribute_Sked_Site::FillWorkItemAttributes), kFirstSlot + 35);
+        QCOMPARE(slotOf(&QMarkResCurve_Sked_Site::BuildCurveItems), kFirstSlot + 36);
+        QCOMPARE(slotOf(&QMarkNetRationality_Sked_Site::UpdateCategoryItem), kFirstSlot + 19);
+        QCOMPARE(slotOf(&QMarkIntegrity_Sked_Site::GetClassName), kFirstSlot + 34);
+    }
     void resourceInterface() {
         // the 17 operations
         checkConsecutive(

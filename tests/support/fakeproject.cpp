@@ -22,6 +22,7 @@ QClassifyVirtual* FakeProjectData::CreateElementType(const int& kind) {
 }
 
 void FakeProjectData::GetWorkItemList(QList<void*>& items) {
+    items.append(leadingWorkItemEntries);
     for (FakeWorkItem* item : workItems)
         items.append(static_cast<QObject*>(item));
     items.append(extraWorkItemEntries);

@@ -37,6 +37,22 @@ public:
     int fixedDuration = 0;
 };
 
+// A resource as a project lists it: name, planned total and chart (general) name.
+class FakeResource : public QResourceVirtual {
+    Q_OBJECT
+public:
+    explicit FakeResource(const QString& name = QString(), int planTotal = 0,
+                          const QString& generalName = QString())
+        : name(name), generalName(generalName), planTotal(planTotal) {}
+
+    int GetResPlanTotal() override { return planTotal; }
+    QString GetResourceName() override { return name; }
+    QString GetGeneralName() override { return generalName; }
+
+    QString name, generalName;
+    int planTotal = 0;
+};
+
 // Owns its work items; the other lists are plain values the test fills. Records the calls that hand
 // data back (SetWorkItemNameList) and the element types it was asked to create.
 class FakeProjectData : public QProjectDataVirtual {
@@ -58,7 +74,8 @@ public:
     int GetTotalDays() override { return totalDays; }
 
     QList<FakeWorkItem*> workItems;
-    // Extra entries of GetWorkItemList (for example null) appended after the work items.
+    // Extra entries of GetWorkItemList (for example null) listed before and after the work items.
+    QList<void*> leadingWorkItemEntries;
     QList<void*> extraWorkItemEntries;
     // When set, GetWorkItemsByName lists only these names' items instead of every work item.
     bool byNameOverride = false;

@@ -1,2 +1,0 @@
-# The stand-in itself, called directly.
-target_link_libraries(tst_calcalgorithm PRIVATE CalcAlgorithm)

@@ -27,6 +27,8 @@
 #include "qratingitem_sked_scene.h"
 
 // Pricing and building-model rating items
+#include "qratingitem_tally.h"
+#include "qratingitem_shape.h"
 
 // Category framework
 #include "qmarkcategorybase.h"
@@ -42,6 +44,11 @@
 
 // Resources and scenes
 #include "qresourcebase.h"
+#include "qresource_sked.h"
+#include "qresource_sked_site.h"
 #include "qscenebase.h"
+#include "qscene_sked.h"
+#include "qscene_site.h"
+#include "qscene_twin.h"
 
 #endif // MARKRULE_H

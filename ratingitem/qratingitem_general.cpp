@@ -10,9 +10,9 @@
 
 namespace {
 
-// Smallest stream record of a child: five integers, five empty strings, three doubles, a bool, an
-// invalid variant and a child count.
-const qint64 kMinItemRecordBytes = 5 * 4 + 5 * 4 + 3 * 8 + 1 + 5 + 4;
+// Smallest stream record of a child: five integers, five empty strings, three doubles (four bytes at
+// single precision), a bool, an invalid variant and a child count.
+const qint64 kMinItemRecordBytes = 5 * 4 + 5 * 4 + 3 * 4 + 1 + 5 + 4;
 
 } // namespace
 
@@ -319,17 +319,7 @@ void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read) {
                << m_upperRange << m_lowerRange << m_locked;
         RecordIO::writeVariant(stream, m_attribute);
         DoSerializeExtra(stream, false);
-        QList<QRatingItemVirtual*> children;
-        for (void* pointer : childList()) {
-            if (QRatingItemVirtual* child = MarkPointer::item(pointer))
-                children.append(child);
-        }
-        stream << qint32(children.size());
-        for (QRatingItemVirtual* child : children) {
-            if (!RecordIO::good(stream))
-                return;
-            child->DoSerialize(stream, false);
-        }
+        writeChildRecords(stream, QRatingItemVirtual::staticMetaObject);
         return;
     }
     qint32 attributeType = 0, indexRule = 0, scoreRule = 0, dataType = 0, precision = 0;
@@ -346,10 +336,37 @@ void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read) {
     if (!RecordIO::good(stream))
         return;
     DoSerializeExtra(stream, true);
+    if (RecordIO::good(stream))
+        readChildRecords(stream, kMinItemRecordBytes);
+}
+
+void QRatingItem_General::writeChildRecords(QDataStream& stream, const QMetaObject& recordClass)
+{
+    QList<QRatingItemVirtual*> children;
+    for (void* pointer : childList()) {
+        QRatingItemVirtual* child = MarkPointer::item(pointer);
+        if (child && child->metaObject()->inherits(&recordClass))
+            children.append(child);
+    }
+    stream << qint32(children.size());
+    for (QRatingItemVirtual* child : children) {
+        if (!RecordIO::good(stream))
+            return;
+        child->DoSerialize(stream, false);
+    }
+}
+
+void QRatingItem_General::readChildRecords(QDataStream& stream, qint64 minRecordBytes)
+{
     qint32 count = 0;
-    if (!RecordIO::good(stream) || !RecordIO::readCount(stream, count, kMinItemRecordBytes))
+    if (!RecordIO::readCount(stream, count, minRecordBytes))
         return;
-    if (count > 0 && !guard.canNest()) {
+    bool nestable = false;
+    {
+        const RecordIO::DepthGuard childLevel; // a child record would sit one level deeper
+        nestable = childLevel.ok();
+    }
+    if (count > 0 && !nestable) {
         RecordIO::refuse(stream);
         return;
     }

@@ -64,6 +64,15 @@ protected:
     // A stored value text as shown: numbers (data types 1 and 5) formatted with the precision.
     QString formatValue(const QString& text) const;
 
+    // The child part of every item stream record: the number of children that have a record (those
+    // whose class inherits recordClass), then each one's record in child order.
+    void writeChildRecords(QDataStream& stream, const QMetaObject& recordClass);
+    // Reads a child count, checked against the bytes left at minRecordBytes a child, and as many
+    // child records; each child comes from CreateRatingItem and is added with AddRatingItem(child,
+    // true). Reading stops at the first failed read or at the nesting limit; children read so far,
+    // the broken one included, stay in the tree.
+    void readChildRecords(QDataStream& stream, qint64 minRecordBytes);
+
     int m_dataType = 0;
     int m_indexRule = 0;
     int m_scoreRule = 0;

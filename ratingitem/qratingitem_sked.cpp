@@ -331,16 +331,17 @@ void QRatingItem_Sked::SetRatingItemStatus(const int& status, void* standardItem
         case 6:
         case 7:
         case 9:
-        case 10:
-            // Attributes of a surplus work item are neither scored nor deducted.
-            if (m_attributeType == 6 || m_attributeType == 7 || m_attributeType == 9 || m_attributeType == 10)
-                m_valueStd.clear();
-            else
-                m_valueStd = QStringLiteral("0");
+        case 10: {
+            // Attributes of a surplus work item are neither scored nor deducted; the numeric ones
+            // show a standard value of 0, the textual ones (6, 7, 9, 10) none.
+            const bool textual =
+                m_attributeType == 6 || m_attributeType == 7 || m_attributeType == 9 || m_attributeType == 10;
+            m_valueStd = textual ? QString() : QStringLiteral("0");
             m_score = 0.0;
             m_scoreStd = 0.0;
             m_remark.clear();
             break;
+        }
         default:
             m_remark = SkedText::surplusDeducted();
             m_score = -standard->m_scoreStd;

@@ -12,6 +12,13 @@ namespace {
 // (4 bytes each at single precision), three bools and the child count.
 const qint64 kMinSiteRecordBytes = 7 * 4 + 3 * 4 + 3 * 4 + 3 * 1 + 4;
 
+// Whether a record one level below the current one is still within the nesting limit. JSON has no
+// status to report a refusal, so a subtree past the limit is neither written nor read.
+bool childLevelAllowed() {
+    RecordIO::DepthGuard probe;
+    return probe.ok();
+}
+
 } // namespace
 
 QRatingItem_Sked_Twin::QRatingItem_Sked_Twin(QObject* parent) : QRatingItem_Sked(parent) {}
@@ -60,7 +67,6 @@ void QRatingItem_Sked_Site::GetRatingItemLogic(QStringList& out) {
 
 void QRatingItem_Sked_Site::DoSerialize(QJsonObject& json, const bool& load) {
     using namespace RecordIO;
-    // Below the depth limit a subtree is neither read nor written.
     DepthGuard guard;
     if (!guard.ok())
         return;
@@ -79,7 +85,8 @@ void QRatingItem_Sked_Site::DoSerialize(QJsonObject& json, const bool& load) {
         json.insert(QStringLiteral("remark"), m_remark);
         json.insert(QStringLiteral("identical"), m_identical);
         QJsonArray items;
-        for (void* pointer : childList()) {
+        const QList<void*> children = childLevelAllowed() ? childList() : QList<void*>();
+        for (void* pointer : children) {
             // Only Site items have a record; other children are left out.
             if (QRatingItem_Sked_Site* child = MarkPointer::item<QRatingItem_Sked_Site>(pointer)) {
                 QJsonObject childObject;
@@ -103,7 +110,7 @@ void QRatingItem_Sked_Site::DoSerialize(QJsonObject& json, const bool& load) {
     m_remark = jsonString(json, QStringLiteral("remark"));
     m_identical = jsonBool(json, QStringLiteral("identical"));
     const QJsonValue items = json.value(itemsKey);
-    if (!items.isArray())
+    if (!items.isArray() || !childLevelAllowed())
         return;
     const QJsonArray array = items.toArray();
     for (const QJsonValue& element : array) {
@@ -126,19 +133,11 @@ void QRatingItem_Sked_Site::DoSerialize(QDataStream& stream, const bool& load) {
     if (!load) {
         if (!good(stream))
             return;
-        QList<QRatingItem_Sked_Site*> children;
-        for (void* pointer : childList()) {
-            if (QRatingItem_Sked_Site* child = MarkPointer::item<QRatingItem_Sked_Site>(pointer))
-                children.append(child);
-        }
         stream << GetClassName() << qint32(m_level) << qint32(m_attributeType) << m_scoreStd << m_score
                << m_name << m_unit << m_valueStd << m_uniqueValue << m_value << m_locked << m_editable
-               << m_remark << m_offset << qint32(m_status) << m_identical << qint32(children.size());
-        for (QRatingItem_Sked_Site* child : children) {
-            if (!good(stream))
-                return;
-            child->DoSerialize(stream, false);
-        }
+               << m_remark << m_offset << qint32(m_status) << m_identical;
+        // Only Site items have a record; other children are left out.
+        writeChildRecords(stream, QRatingItem_Sked_Site::staticMetaObject);
         return;
     }
 
@@ -167,17 +166,5 @@ void QRatingItem_Sked_Site::DoSerialize(QDataStream& stream, const bool& load) {
     m_status = status;
     m_identical = identical;
 
-    qint32 count = 0;
-    if (!readCount(stream, count, kMinSiteRecordBytes))
-        return;
-    for (qint32 i = 0; i < count; ++i) {
-        auto* child = new QRatingItem_Sked_Site(static_cast<QObject*>(nullptr));
-        child->DoSerialize(stream, true);
-        if (!good(stream)) {
-            // A child whose record broke off is dropped with what it had read.
-            delete child;
-            return;
-        }
-        AddRatingItem(MarkPointer::fromItem(child), true);
-    }
+    readChildRecords(stream, kMinSiteRecordBytes);
 }

@@ -1,10 +1,59 @@
 // Rating-item factories: pricing and building-model items by product code or item type.
-#include "qratingitembase.h"
+#include "qratingitem_shape.h"
+#include "qratingitem_tally.h"
 
-QRatingItemBase* QRatingItemBase::CreateMarkRatingItem(const int&) {
-    return nullptr;
+QRatingItemBase* QRatingItemBase::CreateMarkRatingItem(const int& product) {
+    switch (product) {
+    case 9:
+        return new QRatingItem_Ash(nullptr);
+    case 11:
+        return new QRatingItem_Elm(nullptr);
+    case 13:
+        return new QRatingItem_Fir(nullptr);
+    case 15:
+        return new QRatingItem_Yew(nullptr);
+    case 17:
+        return new QRatingItem_Oak(nullptr);
+    case 20:
+        return new QRatingItem_Shape(nullptr);
+    default:
+        return nullptr;
+    }
 }
 
-QRatingItemBase* QRatingItemBase::CreateRatingItemByType(const int&) {
-    return nullptr;
+QRatingItemBase* QRatingItemBase::CreateRatingItemByType(const int& itemType) {
+    switch (itemType) {
+    case 12:
+    case 13:
+    case 14:
+    case 31:
+        return new QRatingItem_Ash(nullptr);
+    case 15:
+    case 16:
+    case 17:
+    case 32:
+        return new QRatingItem_Elm(nullptr);
+    case 18:
+    case 19:
+    case 20:
+    case 33:
+        return new QRatingItem_Yew(nullptr);
+    case 21:
+    case 22:
+    case 23:
+    case 34:
+        return new QRatingItem_Oak(nullptr);
+    case 24:
+    case 25:
+    case 26:
+    case 35:
+        return new QRatingItem_Fir(nullptr);
+    case 27:
+    case 28:
+    case 29:
+    case 30:
+        return new QRatingItem_Shape(nullptr);
+    default:
+        return nullptr;
+    }
 }

@@ -1,0 +1,388 @@
+#include "qratingitem_tally.h"
+
+#include "calcalgorithm.h"
+#include "markpointer.h"
+#include "markrecords.h"
+#include "recordio_p.h"
+
+#include <QSet>
+
+#include <cmath>
+
+namespace {
+
+const double kEpsilon = 1e-10;
+
+// Matching key of a pricing item: code (attribute type 10), code and name (11), or name.
+QString tallyKey(QRatingItemVirtual* item) {
+    QString key;
+    switch (item->GetAttributeType()) {
+    case 10:
+        key = item->GetRatingItemCode();
+        break;
+    case 11:
+        key = item->GetRatingItemCode() + item->GetRatingItemName();
+        break;
+    default:
+        key = item->GetRatingItemName();
+        break;
+    }
+    return key.simplified();
+}
+
+// Attribute types whose children list returns to every added child after scoring, without missing
+// items; type 1 additionally falls back to the first candidate child.
+bool restoresAddedChildren(int attributeType) {
+    switch (attributeType) {
+    case 2:
+    case 3:
+    case 4:
+    case 15:
+    case 17:
+    case 18:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Reads the fields in order and stops at the first failed read.
+template <class... Fields> bool readFields(QDataStream& stream, Fields&... fields) {
+    return ((RecordIO::good(stream) && (stream >> fields, RecordIO::good(stream))) && ...);
+}
+
+// Smallest stream record of a pricing child: three integers, six empty strings, seven doubles (four
+// bytes at single precision), two bools and the child count.
+const qint64 kMinItemRecordBytes = 3 * 4 + 6 * 4 + 7 * 4 + 2 * 1 + 4;
+
+} // namespace
+
+QRatingItem_Tally::QRatingItem_Tally(QObject* parent) : QRatingItem_General(parent) {
+    m_code.clear();
+    m_upperRange = 5.0;
+    m_lowerRange = 2.0;
+    m_precision = 2;
+}
+
+QRatingItem_Tally::~QRatingItem_Tally() = default;
+
+QString QRatingItem_Tally::amountText(double amount) {
+    if (std::fabs(amount) <= kEpsilon)
+        return QStringLiteral("0");
+    QString text = QString::number(amount, 'f', 2);
+    if (text.endsWith(QLatin1String(".00")))
+        text.chop(3);
+    return text;
+}
+
+QString QRatingItem_Tally::GetRatingItemValue() {
+    return amountText(m_rate);
+}
+QString QRatingItem_Tally::GetRatingItemValueStd() {
+    return m_valueStd;
+}
+bool QRatingItem_Tally::GetRatingItemUnitProject() {
+    return m_unitProject;
+}
+void QRatingItem_Tally::SetRatingItemUnitProject(const bool& unitProject) {
+    m_unitProject = unitProject;
+}
+void QRatingItem_Tally::SetRatingItemFeature(const QString& feature) {
+    m_feature = feature;
+}
+void QRatingItem_Tally::SetRatingItemQuantity(const double& quantity) {
+    m_quantity = quantity;
+}
+void QRatingItem_Tally::SetRatingItemRate(const double& rate) {
+    m_rate = rate;
+}
+void QRatingItem_Tally::SetRatingItemRatio(const double& ratio) {
+    m_ratio = ratio;
+}
+double QRatingItem_Tally::GetRatingItemRatio() {
+    return m_ratio;
+}
+double QRatingItem_Tally::GetRatingItemUpperLimit() {
+    return m_upperRange;
+}
+double QRatingItem_Tally::GetRatingItemLowerLimit() {
+    return m_lowerRange;
+}
+double QRatingItem_Tally::GetRatingItemAmount() {
+    return m_rate;
+}
+QString QRatingItem_Tally::GetRatingItemFeature() {
+    return m_feature;
+}
+double QRatingItem_Tally::GetRatingItemQuantity() {
+    return m_quantity;
+}
+QString QRatingItem_Tally::GetRatingItemIndex() {
+    return tallyKey(this);
+}
+
+void QRatingItem_Tally::SetRatingItemLimit(const double& upper, const double& lower) {
+    m_upperRange = upper;
+    m_lowerRange = lower;
+}
+
+bool QRatingItem_Tally::IsRatingItemExist(const QString& key) {
+    return answerChildMap().contains(key.simplified());
+}
+
+int QRatingItem_Tally::GetRatingItemColor() {
+    if (m_score < kEpsilon)
+        return Qt::red;
+    return m_level == 1 ? Qt::blue : Qt::black;
+}
+
+bool QRatingItem_Tally::IsSurplusIgnored() {
+    return m_attributeType == 1 || restoresAddedChildren(m_attributeType);
+}
+
+const QList<void*>& QRatingItem_Tally::addedChildren() {
+    // Every added child also enters the answer-child map, which only empties when the base releases
+    // the children: an empty map means the list below points at deleted items.
+    if (answerChildMap().isEmpty())
+        m_addedChildren.clear();
+    return m_addedChildren;
+}
+
+void QRatingItem_Tally::AddRatingItem(void* child, const bool&) {
+    QRatingItemVirtual* item = MarkPointer::item(child);
+    if (!item || !takeOwnership(child))
+        return;
+    addedChildren(); // forgets children an earlier ClearRatingItemData released
+    appendChild(child);
+    m_addedChildren.append(child);
+    insertAnswerChild(tallyKey(item), child);
+}
+
+double QRatingItem_Tally::ExecuteDBScore(void* standardItem, const int& mode) {
+    QRatingItem_Tally* standard = MarkPointer::item<QRatingItem_Tally>(standardItem);
+    if (!standard)
+        return 0.0;
+    m_scoreStd = standard->m_scoreStd;
+    m_status = mode;
+    m_valueStd = amountText(standard->m_rate);
+    SetRatingItemStatus(mode, standardItem);
+    if (standard->HasChildRatingItem()) {
+        clearChildList();
+        ScoreChildRatingItems(mode, standardItem);
+    } else if (mode == 1) {
+        m_score = CalculateRatingItemScore(standardItem);
+    }
+    return m_score;
+}
+
+double QRatingItem_Tally::CalculateRatingItemScore(void* standardItem) {
+    QRatingItem_Tally* standard = MarkPointer::item<QRatingItem_Tally>(standardItem);
+    if (!standard)
+        return 0.0;
+    return CAL_Interval(m_rate, standard->m_rate, standard->m_scoreStd, standard->m_lowerRange,
+                        standard->m_upperRange, m_remark);
+}
+
+bool QRatingItem_Tally::SkipRatingItemMatch(QList<void*>& candidates, const bool& finished) {
+    if (!finished && !candidates.isEmpty())
+        return false;
+    if (m_attributeType == 1) {
+        candidates = answerChildMap().values();
+        return false;
+    }
+    if (!restoresAddedChildren(m_attributeType))
+        return false;
+    if (!finished)
+        return true; // no missing item for an unmatched standard child
+    const QList<void*> added = addedChildren();
+    if (childList().size() != added.size()) {
+        const QSet<void*> listed(childList().cbegin(), childList().cend());
+        for (void* pointer : added) {
+            QRatingItemVirtual* child = MarkPointer::item(pointer);
+            if (child && !listed.contains(pointer))
+                child->ClearLastRatingData();
+        }
+        replaceChildList(added);
+    }
+    return true;
+}
+
+void QRatingItem_Tally::distributeUnitProject(double score,
+                                              void (QRatingItemVirtual::*distribute)(const double&)) {
+    m_scoreStd = score;
+    const QList<void*>& children = childList();
+    QRatingItemVirtual* first = children.isEmpty() ? nullptr : MarkPointer::item(children.first());
+    if (!first)
+        return;
+    first->SetRatingItemScoreStd(score);
+    QList<void*> grandchildren;
+    first->GetRatingItemList(grandchildren);
+    for (void* pointer : grandchildren) {
+        QRatingItemVirtual* grandchild = MarkPointer::item(pointer);
+        if (!grandchild)
+            continue;
+        const double share = grandchild->GetRatingItemRatio() * score;
+        grandchild->SetRatingItemScoreStd(share);
+        (grandchild->*distribute)(share);
+    }
+}
+
+void QRatingItem_Tally::AssignScore(const double& score) {
+    if (m_unitProject) {
+        distributeUnitProject(score, &QRatingItemVirtual::AssignScore);
+        return;
+    }
+    QRatingItem_General::AssignScore(score);
+    m_scoreStd = score;
+}
+
+void QRatingItem_Tally::RedistributeScore(const double& score) {
+    if (m_unitProject)
+        distributeUnitProject(score, &QRatingItemVirtual::RedistributeScore);
+    else
+        QRatingItem_General::RedistributeScore(score);
+}
+
+void QRatingItem_Tally::setLimit(double& bound, double value, bool recursive,
+                                 void (QRatingItemVirtual::*setter)(const double&, const bool&)) {
+    // Compared in single precision, as the host's own tolerance fields are.
+    const float difference = static_cast<float>(bound - value);
+    if (std::fabs(difference) <= kEpsilon)
+        return;
+    bound = value;
+    if (!recursive)
+        return;
+    for (void* pointer : childList()) {
+        if (QRatingItemVirtual* child = MarkPointer::item(pointer))
+            (child->*setter)(value, recursive);
+    }
+}
+
+void QRatingItem_Tally::SetRatingItemUpperLimit(const double& value, const bool& recursive) {
+    setLimit(m_upperRange, value, recursive, &QRatingItemVirtual::SetRatingItemUpperLimit);
+}
+
+void QRatingItem_Tally::SetRatingItemLowerLimit(const double& value, const bool& recursive) {
+    setLimit(m_lowerRange, value, recursive, &QRatingItemVirtual::SetRatingItemLowerLimit);
+}
+
+void QRatingItem_Tally::DoSerialize(QJsonObject& object, const bool& load) {
+    using namespace RecordIO;
+    if (load) {
+        m_level = jsonInt(object, QStringLiteral("itemlevel"));
+        m_attributeType = jsonInt(object, QStringLiteral("attribute"));
+        m_name = jsonString(object, QStringLiteral("itemname"));
+        m_scoreStd = jsonDouble(object, QStringLiteral("scorestd"));
+        m_score = jsonDouble(object, QStringLiteral("score"));
+        m_unit = jsonString(object, QStringLiteral("unit"));
+        m_locked = jsonBool(object, QStringLiteral("locked"));
+        m_status = jsonInt(object, QStringLiteral("status"));
+        m_remark = jsonString(object, QStringLiteral("remark"));
+        m_valueStd = jsonString(object, QStringLiteral("valuestd"));
+        m_unitProject = jsonBool(object, QStringLiteral("unitproject"));
+        m_code = jsonString(object, QStringLiteral("code"));
+        m_feature = jsonString(object, QStringLiteral("feature"));
+        m_quantity = jsonDouble(object, QStringLiteral("quantity"));
+        m_rate = jsonDouble(object, QStringLiteral("rate"));
+        m_ratio = jsonDouble(object, QStringLiteral("ratio"));
+        m_upperRange = jsonDouble(object, QStringLiteral("upperrange"));
+        m_lowerRange = jsonDouble(object, QStringLiteral("lowerrange"));
+    } else {
+        object.insert(QStringLiteral("itemlevel"), m_level);
+        object.insert(QStringLiteral("attribute"), m_attributeType);
+        object.insert(QStringLiteral("itemname"), m_name);
+        object.insert(QStringLiteral("scorestd"), m_scoreStd);
+        object.insert(QStringLiteral("score"), m_score);
+        object.insert(QStringLiteral("unit"), m_unit);
+        object.insert(QStringLiteral("locked"), m_locked);
+        object.insert(QStringLiteral("status"), m_status);
+        object.insert(QStringLiteral("remark"), m_remark);
+        object.insert(QStringLiteral("valuestd"), m_valueStd);
+        object.insert(QStringLiteral("unitproject"), m_unitProject);
+        object.insert(QStringLiteral("code"), m_code);
+        object.insert(QStringLiteral("feature"), m_feature);
+        object.insert(QStringLiteral("quantity"), m_quantity);
+        object.insert(QStringLiteral("rate"), m_rate);
+        object.insert(QStringLiteral("ratio"), m_ratio);
+        object.insert(QStringLiteral("upperrange"), m_upperRange);
+        object.insert(QStringLiteral("lowerrange"), m_lowerRange);
+    }
+    DoSerializeExtra(object, load);
+    QRatingItemBase::DoSerialize(object, load);
+}
+
+void QRatingItem_Tally::DoSerialize(QDataStream& stream, const bool& load) {
+    RecordIO::DepthGuard guard;
+    if (!guard.ok()) {
+        stream.setStatus(load ? QDataStream::ReadCorruptData : QDataStream::WriteFailed);
+        return;
+    }
+    if (!load) {
+        stream << qint32(m_attributeType) << qint32(m_level) << m_name << m_score << m_scoreStd << m_unit
+               << m_locked << qint32(m_status) << m_remark << m_valueStd << m_unitProject << m_code
+               << m_feature << m_quantity << m_rate << m_ratio << m_upperRange << m_lowerRange;
+        DoSerializeExtra(stream, false);
+        writeChildRecords(stream, QRatingItemVirtual::staticMetaObject);
+        return;
+    }
+    qint32 attributeType = 0, level = 0, status = 0;
+    const bool complete = readFields(stream, attributeType, level, m_name, m_score, m_scoreStd, m_unit,
+                                     m_locked, status, m_remark, m_valueStd, m_unitProject, m_code, m_feature,
+                                     m_quantity, m_rate, m_ratio, m_upperRange, m_lowerRange);
+    if (!complete)
+        return;
+    m_attributeType = attributeType;
+    m_level = level;
+    m_status = status;
+    DoSerializeExtra(stream, true);
+    if (RecordIO::good(stream))
+        readChildRecords(stream, kMinItemRecordBytes);
+}
+
+// The product classes differ only in the class of the children they create.
+#define TALLY_PRODUCT_ITEM(Class)                                                                            \
+    Class::Class(QObject* parent) : QRatingItem_Tally(parent) {}                                             \
+    Class::~Class() = default;                                                                               \
+    void* Class::CreateRatingItem(QObject*) {                                                                \
+        return MarkPointer::fromItem(new Class);                                                             \
+    }
+
+TALLY_PRODUCT_ITEM(QRatingItem_Ash)
+TALLY_PRODUCT_ITEM(QRatingItem_Elm)
+TALLY_PRODUCT_ITEM(QRatingItem_Fir)
+TALLY_PRODUCT_ITEM(QRatingItem_Yew)
+TALLY_PRODUCT_ITEM(QRatingItem_Oak)
+
+#undef TALLY_PRODUCT_ITEM
+
+void QRatingItem_Ash::GetCalculateData(void* record) {
+    if (!record)
+        return;
+    // The calculation record is a plain host struct, not an object: it cannot be checked.
+    auto* data = static_cast<CalculateRecord*>(record);
+    data->scoreStd = m_scoreStd;
+    data->locked = m_locked;
+}
+
+QString QRatingItem_Yew::GetRatingItemValue() {
+    if (m_precision == 2)
+        return QRatingItem_Tally::GetRatingItemValue();
+    return QString::number(m_rate, 'g', 6);
+}
+
+void QRatingItem_Yew::DoSerializeExtra(QDataStream& stream, const bool& load) {
+    if (!load) {
+        stream << qint32(m_precision);
+        return;
+    }
+    qint32 precision = 0;
+    if (readFields(stream, precision))
+        m_precision = precision;
+}
+
+void QRatingItem_Yew::DoSerializeExtra(QJsonObject& object, const bool& load) {
+    if (load)
+        m_precision = RecordIO::jsonInt(object, QStringLiteral("precision"));
+    else
+        object.insert(QStringLiteral("precision"), m_precision);
+}

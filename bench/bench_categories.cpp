@@ -47,6 +47,7 @@ public:
             items.append(static_cast<QObject*>(item.get()));
     }
     void GetWorkItemNameList(QStringList& names) override { names = m_names; }
+    QString order() const { return m_names.join(QLatin1Char(';')); }
     void GetWorkItemsByName(QMultiMap<QString, void*>& items) override {
         for (const auto& item : m_items)
             items.insert(item->GetWorkItemName(), static_cast<QObject*>(item.get()));
@@ -70,7 +71,7 @@ void BM_SiteScheduleScoring(benchmark::State& state) {
                 QMarkCategoryBase::CreateMarkCategoryByType(5, 1, type));
             standard->UpdateCategory(static_cast<QObject*>(&standardProject), false);
             candidate->SetMarkGanttTime(QStringLiteral("工程周"));
-            candidate->SetMarkGanttChart(candidateProject.property("order").toString());
+            candidate->SetMarkGanttChart(candidateProject.order());
             candidate->UpdateCategory(static_cast<QObject*>(&candidateProject), true);
             standard->AssignScore(100.0);
             total += candidate->ExecuteDBScore(standard.get());

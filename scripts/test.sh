@@ -15,7 +15,7 @@ run_suite() { # name, extra cmake arguments...
     (cd "$dir" && ctest --output-on-failure -j "$jobs")
 }
 
-run_suite release -DCMAKE_INSTALL_PREFIX="$root/build-release/_install"
+run_suite release -DMARKRULE_BUILD_BENCHMARKS=ON -DCMAKE_INSTALL_PREFIX="$root/build-release/_install"
 
 # A consumer project against the installed package.
 cmake --install build-release

@@ -1,5 +1,5 @@
-// Helpers for tests of the schedule categories: factory-made categories, their trees as typed items,
-// and the fields that only the records show.
+// Helpers for tests of the schedule categories: factory-made categories, their trees as text lines, and
+// a standard and a candidate side scored against each other.
 #ifndef CATEGORYTEST_H
 #define CATEGORYTEST_H
 
@@ -23,54 +23,42 @@ inline QRatingItemVirtual* rootOf(QMarkCategoryVirtual* category) {
     return MarkPointer::item(category->GetRatingItemPtr());
 }
 
-inline QList<QRatingItemVirtual*> itemsOf(QRatingItemVirtual* item) {
-    return childrenOf(item);
+inline void* dataOf(QProjectDataVirtual& project) {
+    return static_cast<QObject*>(&project);
 }
 
-inline QStringList namesOf(QRatingItemVirtual* item) {
-    QStringList names;
-    for (QRatingItemVirtual* child : itemsOf(item))
-        names.append(child ? child->GetRatingItemName() : QString());
-    return names;
+// One line per child of item: "name|value|score|remark".
+inline QStringList rowsOf(QRatingItemVirtual* item) {
+    QStringList rows;
+    for (QRatingItemVirtual* child : childrenOf(item))
+        rows.append(QStringList{child->GetRatingItemName(), child->GetRatingItemValue(),
+                                QString::number(child->GetRatingItemScore()), child->GetRatingItemRemark()}
+                        .join('|'));
+    return rows;
 }
 
 // The first child of that name, or null.
 inline QRatingItemVirtual* childNamed(QRatingItemVirtual* item, const QString& name) {
-    for (QRatingItemVirtual* child : itemsOf(item)) {
+    for (QRatingItemVirtual* child : childrenOf(item)) {
         if (child && child->GetRatingItemName() == name)
             return child;
     }
     return nullptr;
 }
 
-// The JSON record of a category (its own keys and its root's).
-inline QJsonObject jsonOf(QMarkCategoryVirtual* category) {
-    QJsonObject object;
-    category->DoSerialize(object, false);
-    return object;
-}
-// The JSON record of a Site item: the only place that shows its comparison key and flags.
-inline QJsonObject jsonOf(QRatingItemVirtual* item) {
-    QJsonObject object;
-    item->DoSerialize(object, false);
-    return object;
-}
-
-inline bool isBuilt(QMarkCategoryVirtual* category) {
-    return jsonOf(category).value(QStringLiteral("iscreated")).toBool();
-}
-
-inline QString classNameOf(QMarkCategoryVirtual* category) {
-    auto* base = qobject_cast<QMarkCategoryBase*>(category);
-    return base ? base->GetClassName() : QString();
+// The JSON record of a category or an item: the only place that shows comparison keys and flags.
+template <class T> QJsonObject jsonOf(T* object) {
+    QJsonObject json;
+    object->DoSerialize(json, false);
+    return json;
 }
 
 // Builds the standard side from one project and the candidate from another, gives the standard its
 // full marks and returns the candidate's total.
 inline double scorePair(QMarkCategoryVirtual* standard, QMarkCategoryVirtual* candidate,
-                        QProjectDataVirtual* standardData, QProjectDataVirtual* candidateData, double marks) {
-    standard->UpdateCategory(static_cast<QObject*>(standardData), false);
-    candidate->UpdateCategory(static_cast<QObject*>(candidateData), true);
+                        QProjectDataVirtual& standardData, QProjectDataVirtual& candidateData, double marks) {
+    standard->UpdateCategory(dataOf(standardData), false);
+    candidate->UpdateCategory(dataOf(candidateData), true);
     standard->AssignScore(marks);
     return candidate->ExecuteDBScore(standard);
 }

@@ -1,96 +1,89 @@
 // Recording doubles of the host's element types (QClassifyVirtual) and their items
-// (QClassifyItemVirtual). Every call on them, and every CreateElementType call made through the
-// factory hook, is appended to one shared ClassifyCallLog, so that a test can check the order of
-// calls across objects.
+// (QClassifyItemVirtual). Every call on them, and every CreateElementType made through the factory
+// hook, is appended to one shared log as a line such as "E1.SetItemValue(3.5)" or
+// "E1.AddElementItem(E1.I1)", so that a test can check the order of calls across objects. A pointer
+// argument shows as the object's name ("null" for none): element types are named "E1", "E2", ... in
+// creation order, their items "E1.I1", ..., and a test names the scene it passes.
 #ifndef FAKEELEMENTTYPE_H
 #define FAKEELEMENTTYPE_H
 
 #include "qclassifyitemvirtual.h"
 #include "qclassifyvirtual.h"
+#include "qscenevirtual.h"
 
-#include <QList>
-#include <QMetaType>
 #include <QPointer>
-#include <QString>
 #include <QStringList>
-#include <QVariant>
 #include <functional>
-#include <memory>
 
-// One recorded call: the object called ("project", "E1", "E1.I1", ...), the operation, its argument
-// (int, double, QString, or a pointer as QObject*) and the whole call as a line of text, such as
-// "E1.SetItemValue(3.5)" or "E1.AddElementItem(E1.I1)". In the line, a double always shows a point
-// ("7.0"), a null pointer shows "null", an item of this double its label, and another object its
-// class name.
-struct ClassifyCall {
-    QString object;
-    QString operation;
-    QVariant argument;
-    QString line;
+template <class Interface> class CallRecorder : public Interface {
+public:
+    CallRecorder(const QString& name, QStringList& log, QObject* parent = nullptr)
+        : Interface(parent), m_log(log) {
+        this->setObjectName(name);
+    }
+
+protected:
+    void record(const char* operation, const QString& argument) {
+        m_log << QStringLiteral("%1.%2(%3)").arg(this->objectName(), QLatin1String(operation), argument);
+    }
+    void record(const char* operation, double number) { record(operation, QString::number(number)); }
+    void record(const char* operation, const QObject* object) {
+        record(operation, object ? object->objectName() : QStringLiteral("null"));
+    }
+    QStringList& m_log;
 };
 
-class FakeElementType;
-
-class ClassifyCallLog {
+class FakeElementItem : public CallRecorder<QClassifyItemVirtual> {
 public:
-    // What a CreateElementType call answers.
-    enum Answer { ElementType, NullElementType, ElementTypeWithNullItem };
-
-    // A hook for FakeProjectData::elementTypeFactory. It logs each call as object "project" and
-    // answers the n-th call with answers[n] (ElementType beyond the list). Element types are named
-    // "E1", "E2", ... in creation order. The log must outlive the element types it makes.
-    std::function<QClassifyVirtual*(int)> factory(const QList<Answer>& answers = {});
-
-    void record(const QString& object, const QString& operation, const QVariant& argument);
-    // The lines of all calls, in order.
-    QStringList lines() const;
-
-    QList<ClassifyCall> calls;
-    // Every element type made through factory(), in creation order; null once deleted.
-    QList<QPointer<FakeElementType>> elementTypes;
+    using CallRecorder::CallRecorder;
+    void SetItemName(const QString& name) override { record("SetItemName", name); }
+    void SetItemIndex(const int& index) override { record("SetItemIndex", index); }
+    void SetItemScene(QSceneVirtual* scene) override { record("SetItemScene", scene); }
+    void SetItemValue(const double& value) override { record("SetItemValue", value); }
 };
 
-Q_DECLARE_METATYPE(ClassifyCallLog::Answer)
-
-class FakeElementItem : public QClassifyItemVirtual {
-    Q_OBJECT
+// Owns the items its CreateElementItem made (its QObject children); answers null items when asked to.
+class FakeElementType : public CallRecorder<QClassifyVirtual> {
 public:
-    FakeElementItem(const QString& label, ClassifyCallLog* log) : label(label), m_log(log) {}
+    using CallRecorder::CallRecorder;
+    void AddElementItem(QClassifyItemVirtual* item) override { record("AddElementItem", item); }
+    QClassifyItemVirtual* CreateElementItem(const int& kind) override {
+        record("CreateElementItem", kind);
+        const QString label = objectName() + QStringLiteral(".I%1").arg(children().size() + 1);
+        return nullItems ? nullptr : new FakeElementItem(label, m_log, this);
+    }
+    void SetElementKind(const int& kind) override { record("SetElementKind", kind); }
+    void SetElementScene(QSceneVirtual* scene) override { record("SetElementScene", scene); }
+    void SetPrevName(const QString& name) override { record("SetPrevName", name); }
+    void SetNextName(const QString& name) override { record("SetNextName", name); }
+    void SetElementName(const QString& name) override { record("SetElementName", name); }
 
-    void SetItemName(const QString& name) override;
-    void SetItemIndex(const int& index) override;
-    void SetItemScene(QSceneVirtual* scene) override;
-    void SetItemValue(const double& value) override;
-
-    const QString label;
-
-private:
-    ClassifyCallLog* m_log;
-};
-
-// Owns every item its CreateElementItem made (deleted with the element type).
-class FakeElementType : public QClassifyVirtual {
-    Q_OBJECT
-public:
-    FakeElementType(const QString& label, ClassifyCallLog* log) : label(label), m_log(log) {}
-    ~FakeElementType() override;
-
-    void AddElementItem(QClassifyItemVirtual* item) override;
-    QClassifyItemVirtual* CreateElementItem(const int& kind) override;
-    void SetElementKind(const int& kind) override;
-    void SetElementScene(QSceneVirtual* scene) override;
-    void SetPrevName(const QString& name) override;
-    void SetNextName(const QString& name) override;
-    void SetElementName(const QString& name) override;
-
-    const QString label;
-    // When set, CreateElementItem answers null.
     bool nullItems = false;
-    QList<QClassifyItemVirtual*> addedItems;
+};
+
+struct ClassifyCallLog {
+    // A hook for FakeProjectData::elementTypeFactory: it logs each call as object "project" and
+    // answers the n-th call as the n-th character of answers says: 'n' null, 'i' an element type
+    // whose CreateElementItem answers null, else (also beyond the text) an element type. The log
+    // must outlive the element types it makes.
+    std::function<QClassifyVirtual*(int)> factory(const QString& answers = QString()) {
+        return [this, answers](int kind) -> QClassifyVirtual* {
+            lines << QStringLiteral("project.CreateElementType(%1)").arg(kind);
+            const QString answer = answers.mid(m_calls++, 1);
+            if (answer == QLatin1String("n"))
+                return nullptr;
+            auto* type = new FakeElementType(QStringLiteral("E%1").arg(elementTypes.size() + 1), lines);
+            type->nullItems = answer == QLatin1String("i");
+            elementTypes << type;
+            return type;
+        };
+    }
+
+    QStringList lines;
+    QList<QPointer<FakeElementType>> elementTypes; // every one made, in order; null once deleted
 
 private:
-    ClassifyCallLog* m_log;
-    QList<FakeElementItem*> m_createdItems;
+    int m_calls = 0;
 };
 
 #endif // FAKEELEMENTTYPE_H

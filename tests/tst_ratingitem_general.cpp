@@ -56,6 +56,39 @@ QString scored(QRatingItemVirtual* item) {
         .arg(item->GetRatingItemRemark());
 }
 
+// Adds the children written in the tree notation "name:score(children),..." under parent.
+void build(TestItem* parent, const QString& spec) {
+    int depth = 0, start = 0;
+    for (int i = 0; i <= spec.size(); ++i) {
+        const QChar c = i < spec.size() ? spec.at(i) : QLatin1Char(',');
+        depth += c == QLatin1Char('(') ? 1 : c == QLatin1Char(')') ? -1 : 0;
+        if (c != QLatin1Char(',') || depth != 0)
+            continue;
+        const QString node = spec.mid(start, i - start);
+        start = i + 1;
+        if (node.isEmpty())
+            continue;
+        const int open = node.indexOf(QLatin1Char('('));
+        const QStringList head = node.left(open < 0 ? node.size() : open).split(QLatin1Char(':'));
+        TestItem* child = parent->add(head.at(0), head.value(1).toDouble());
+        if (open >= 0)
+            build(child, node.mid(open + 1, node.size() - open - 2));
+    }
+}
+
+// The children of item depth first as name|score|remark, deeper levels marked with ">".
+QStringList render(QRatingItemVirtual* item, const QString& prefix = QString()) {
+    QStringList lines;
+    for (QRatingItemVirtual* child : childrenOf(item)) {
+        lines.append(prefix + QStringLiteral("%1|%2|%3")
+                                  .arg(child->GetRatingItemName())
+                                  .arg(child->GetRatingItemScore())
+                                  .arg(child->GetRatingItemRemark()));
+        lines.append(render(child, prefix + QLatin1Char('>')));
+    }
+    return lines;
+}
+
 } // namespace
 
 class TstRatingItemGeneral : public QObject {
@@ -184,37 +217,47 @@ private slots:
         QCOMPARE(candidate.GetChildItemCount(), 3);
     }
 
-    void lastAddedDuplicateIsScoredAndTheOtherDropsOut() {
-        TestItem standard;
-        standard.add(QStringLiteral("a"), 5.0);
-        TestItem candidate;
-        TestItem* older = candidate.add(QStringLiteral("a"));
-        TestItem* newer = candidate.add(QStringLiteral("a"));
-        QCOMPARE(candidate.ExecuteDBScore(MarkPointer::fromItem(&standard), 1), 5.0);
-        QCOMPARE(childrenOf(&candidate), (QList<QRatingItemVirtual*>{newer}));
-        QCOMPARE(older->GetRatingItemRemark(), QString());
+    // Scoring scenarios in a small tree notation: "name:score(children)", siblings separated by
+    // ","; the result lists the candidate's children depth first as name|score|remark.
+    void scoringScenarios_data() {
+        QTest::addColumn<QString>("standard");
+        QTest::addColumn<QString>("candidate");
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<double>("total");
+        QTest::addColumn<QString>("children");
+        QTest::addColumn<QString>("remark");
+        const auto row = [](const char* name, const char* standard, const char* candidate, int mode,
+                            double total, const char* children, const char* remark) {
+            QTest::newRow(name) << QString::fromUtf8(standard) << QString::fromUtf8(candidate) << mode
+                                << total << QString::fromUtf8(children) << QString::fromUtf8(remark);
+        };
+        row("last-added duplicate scored, the other dropped", "a:5", "a:1,a:2", 1, 5.0, "a|5|", "");
+        row("standard children sharing a key score the candidate once", "a:5,a:5", "a", 1, 5.0, "a|5|", "");
+        row("a missing subtree is generated whole", "a:6(a1:2,a2:4)", "", 1, 0.0,
+            "a|0|缺少评分项，不得分; >a1|0|缺少评分项，不得分; >a2|0|缺少评分项，不得分", "");
+        row("negative sum clamped", "a:-3", "a", 1, 0.0, "a|-3|", "分数扣减至0");
+        row("other modes neither score leaves nor clamp", "a:-3", "a:-3", 3, -3.0, "a|-3|", "");
+        row("a standard leaf leaves the candidate's children alone", "", "x(y)", 1, 10.0, "x|0|; >y|0|", "");
     }
 
-    void standardChildrenSharingAKeyScoreTheCandidateOnce() {
-        TestItem standard;
-        standard.add(QStringLiteral("a"), 5.0);
-        standard.add(QStringLiteral("a"), 5.0);
-        TestItem candidate;
-        candidate.add(QStringLiteral("a"));
-        QCOMPARE(candidate.ExecuteDBScore(MarkPointer::fromItem(&standard), 1), 5.0);
-        QCOMPARE(candidate.GetChildItemCount(), 1);
-    }
-
-    void standardLeafLeavesTheCandidatesChildrenAlone() {
-        QRatingItem_General standard;
-        standard.SetRatingItemScore(3.0);
-        QRatingItem_General candidate;
-        auto* child = new QRatingItem_General;
-        candidate.AddRatingItem(MarkPointer::fromItem(child), false);
-        candidate.SetRatingItemScore(7.0);
-        QCOMPARE(candidate.ExecuteDBScore(MarkPointer::fromItem(&standard), 1), 0.0);
-        QCOMPARE(candidate.GetChildItemCount(), 1);
-        QCOMPARE(candidate.GetRatingItemScoreStd(), 3.0);
+    void scoringScenarios() {
+        QFETCH(QString, standard);
+        QFETCH(QString, candidate);
+        QFETCH(int, mode);
+        QFETCH(double, total);
+        QFETCH(QString, children);
+        QFETCH(QString, remark);
+        TestItem standardRoot(QStringLiteral("root"));
+        standardRoot.SetRatingItemScore(10.0);
+        build(&standardRoot, standard);
+        TestItem candidateRoot(QStringLiteral("root"));
+        build(&candidateRoot, candidate);
+        QCOMPARE(candidateRoot.ExecuteDBScore(MarkPointer::fromItem(&standardRoot), mode), total);
+        QCOMPARE(render(&candidateRoot).join(QStringLiteral("; ")), children);
+        QCOMPARE(candidateRoot.GetRatingItemScoreStd(), 10.0);
+        QCOMPARE(candidateRoot.GetRatingItemRemark(), total == 0.0 && standard == QLatin1String("a:-3")
+                                                          ? QStringLiteral("分数扣减至0")
+                                                          : QString());
     }
 
     void nullOrForeignStandardChangesNothing() {
@@ -224,56 +267,20 @@ private slots:
         QObject foreign;
         QCOMPARE(candidate.ExecuteDBScore(nullptr, 1), 0.0);
         QCOMPARE(candidate.ExecuteDBScore(&foreign, 1), 0.0);
-        QCOMPARE(candidate.GetRatingItemScore(), 7.0);
-        QCOMPARE(candidate.GetRatingItemRemark(), QStringLiteral("kept"));
-    }
-
-    void negativeSumIsClampedInOrdinaryModeOnly() {
-        TestItem standard;
-        standard.SetRatingItemScore(10.0);
-        standard.add(QStringLiteral("a"), -3.0);
-        TestItem candidate;
-        candidate.add(QStringLiteral("a"));
-        QCOMPARE(candidate.ExecuteDBScore(MarkPointer::fromItem(&standard), 1), 0.0);
-        QCOMPARE(candidate.GetRatingItemRemark(), QStringLiteral("分数扣减至0"));
-        QCOMPARE(childrenOf(&candidate).at(0)->GetRatingItemScore(), -3.0);
-
-        // Other modes leave leaves unscored and the sum unclamped.
-        TestItem other;
-        other.add(QStringLiteral("a"), -3.0);
-        QCOMPARE(other.ExecuteDBScore(MarkPointer::fromItem(&standard), 3), -3.0);
-    }
-
-    void missingSubtreeIsGeneratedWhole() {
-        TestItem standard;
-        TestItem* a = standard.add(QStringLiteral("a"), 6.0);
-        a->add(QStringLiteral("a1"), 2.0);
-        a->add(QStringLiteral("a2"), 4.0);
-        TestItem candidate;
-        QCOMPARE(candidate.ExecuteDBScore(MarkPointer::fromItem(&standard), 1), 0.0);
-        QRatingItemVirtual* generated = childrenOf(&candidate).value(0);
-        QVERIFY(generated);
-        const QList<QRatingItemVirtual*> below = childrenOf(generated);
-        QCOMPARE(below.size(), 2);
-        QCOMPARE(below.at(1)->GetRatingItemName(), QStringLiteral("a2"));
-        QCOMPARE(below.at(1)->GetRatingItemRemark(), QStringLiteral("缺少评分项，不得分"));
-        QCOMPARE(below.at(1)->GetRatingItemScoreStd(), 4.0);
+        QCOMPARE(scored(&candidate), QStringLiteral("|7|0|kept"));
     }
 
     void failedCreationEndsTheWalk() {
         TestItem standard;
-        standard.add(QStringLiteral("a"), 1.0);
-        standard.add(QStringLiteral("b"), 1.0);
+        build(&standard, QStringLiteral("a:1,b:1"));
         TestItem candidate;
-        candidate.add(QStringLiteral("b"));
-        candidate.add(QStringLiteral("z"));
+        build(&candidate, QStringLiteral("b,z"));
         TestItem::failCreate = true;
         candidate.ExecuteDBScore(MarkPointer::fromItem(&standard), 1);
         TestItem::failCreate = false;
         // "a" could not be generated: nothing after it was matched, but surplus handling still ran.
-        QCOMPARE(candidate.GetChildItemCount(), 2);
-        QCOMPARE(childrenOf(&candidate).at(0)->GetRatingItemRemark(),
-                 QStringLiteral("存在多余评分项，不得分"));
+        QCOMPARE(render(&candidate), (QStringList{QStringLiteral("b|0|存在多余评分项，不得分"),
+                                                  QStringLiteral("z|0|存在多余评分项，不得分")}));
     }
 
     void jsonRoundTrip() {

@@ -1,23 +1,21 @@
 #include "qmarklogical.h"
 
 #include "categorytexts_p.h"
+#include "heldobjects_p.h"
 #include "qratingitem_sked_scene.h"
 #include "skedcategory_p.h"
 
-#include <QEnableSharedFromThis>
-#include <QGlobalStatic>
-#include <QHash>
 #include <QPointer>
 
 // One link matrix handed over by the host, and the rating items it was lent to. Only owning
 // categories hold it strongly, so it lives exactly as long as its owner keeps it: destroying it frees
 // the rows and detaches every item that still refers to it.
-class LogicNetwork : public QEnableSharedFromThis<LogicNetwork> {
+class LogicNetwork {
 public:
-    // A new network that holds these rows; the caller makes sure no live network holds them.
-    static QSharedPointer<LogicNetwork> create(int** rows, int count);
     // The live network that holds these rows, or null.
     static QSharedPointer<LogicNetwork> find(int** rows);
+    // The live network that holds these rows, or a new one.
+    static QSharedPointer<LogicNetwork> hold(int** rows, int count);
     ~LogicNetwork();
     LogicNetwork(const LogicNetwork&) = delete;
     LogicNetwork& operator=(const LogicNetwork&) = delete;
@@ -33,28 +31,14 @@ private:
     QList<QPointer<QRatingItemVirtual>> m_borrowers;
 };
 
-namespace {
-
-// Every live network by its matrix, so that no matrix gets a second owner. Host thread only.
-using NetworkRegistry = QHash<int**, LogicNetwork*>;
-Q_GLOBAL_STATIC(NetworkRegistry, liveNetworks)
-
-} // namespace
-
 SKED_CATEGORY_CLASS(QMarkLogical, QMarkCategoryBase)
 SKED_CATEGORY_ITEMS(QMarkLogical_Sked, QRatingItem_Sked)
 SKED_CATEGORY_CLASS(QMarkLogical_Sked_Twin, QMarkLogical_Sked)
 SKED_CATEGORY_CLASS(QMarkLogical_Sked_Site, QMarkLogical_Sked)
 
-LogicNetwork::LogicNetwork(int** rows, int count) : m_rows(rows), m_rowCount(count) {
-    if (m_rows && !liveNetworks.isDestroyed())
-        liveNetworks->insert(m_rows, this);
-}
+LogicNetwork::LogicNetwork(int** rows, int count) : m_rows(rows), m_rowCount(count) {}
 
 LogicNetwork::~LogicNetwork() {
-    // Unlisted first: a borrower that reacts to being detached cannot reach this network any more.
-    if (m_rows && !liveNetworks.isDestroyed())
-        liveNetworks->remove(m_rows);
     QMultiMap<QString, int> noNodes;
     int noCount = 0;
     for (const QPointer<QRatingItemVirtual>& item : qAsConst(m_borrowers)) {
@@ -69,14 +53,11 @@ LogicNetwork::~LogicNetwork() {
 }
 
 QSharedPointer<LogicNetwork> LogicNetwork::find(int** rows) {
-    if (!rows || liveNetworks.isDestroyed())
-        return {};
-    LogicNetwork* network = liveNetworks->value(rows);
-    return network ? network->sharedFromThis() : QSharedPointer<LogicNetwork>();
+    return rows ? HeldObjects::find<LogicNetwork>(rows) : QSharedPointer<LogicNetwork>();
 }
 
-QSharedPointer<LogicNetwork> LogicNetwork::create(int** rows, int count) {
-    return QSharedPointer<LogicNetwork>(new LogicNetwork(rows, count));
+QSharedPointer<LogicNetwork> LogicNetwork::hold(int** rows, int count) {
+    return HeldObjects::hold<LogicNetwork>(rows, [rows, count] { return new LogicNetwork(rows, count); });
 }
 
 QMarkLogical_Sked::QMarkLogical_Sked(QObject* parent) : QMarkLogical(parent) {
@@ -134,7 +115,7 @@ void QMarkLogical_Sked::SetLogicMatrix(QMultiMap<QString, int>& nodes, int** mat
     // Held across the clear, so that handing back the matrix this category owns keeps it alive.
     const QSharedPointer<LogicNetwork> existing = LogicNetwork::find(matrix);
     const bool owner = !existing || existing == m_ownedNetwork;
-    const QSharedPointer<LogicNetwork> network = existing ? existing : LogicNetwork::create(matrix, count);
+    const QSharedPointer<LogicNetwork> network = existing ? existing : LogicNetwork::hold(matrix, count);
     const QMultiMap<QString, int> nodeCopy = nodes; // nodes may be this category's own map
     ClearLogicData();
     m_network = network;

@@ -1,47 +1,18 @@
 #include "qmarkrescurve.h"
 
 #include "categorytexts_p.h"
+#include "heldobjects_p.h"
 #include "qratingitem_sked_scene.h"
 #include "rescurvemath_p.h"
 #include "skedcategory_p.h"
 
-#include <QHash>
-#include <QMutex>
 #include <QSet>
 #include <QWeakPointer>
 
 namespace {
 
-// Every object of type T held by some category, by address. An object handed over a second time
-// joins the owners of the first hand-over instead of getting a second owner. The table is left to the
-// process (never destroyed), so categories destroyed during exit can still unlist their objects. It is
-// shared by every category of the process, so that hosts may build distinct trees on distinct
-// threads, and is therefore locked.
-template <class T> QHash<T*, QWeakPointer<T>>& heldObjects() {
-    static auto* table = new QHash<T*, QWeakPointer<T>>();
-    return *table;
-}
-
-QMutex& heldObjectsLock() {
-    static QMutex mutex;
-    return mutex;
-}
-
 template <class T> QSharedPointer<T> share(T* object) {
-    const QMutexLocker locker(&heldObjectsLock());
-    QHash<T*, QWeakPointer<T>>& table = heldObjects<T>();
-    if (QSharedPointer<T> held = table.value(object).toStrongRef())
-        return held;
-    QSharedPointer<T> shared(object, [](T* released) {
-        {
-            const QMutexLocker releaseLocker(&heldObjectsLock());
-            heldObjects<T>().remove(released);
-        }
-        // Outside the lock: releasing a category releases what it holds in turn.
-        delete released;
-    });
-    table.insert(object, shared);
-    return shared;
+    return HeldObjects::hold<T>(object, [object] { return object; });
 }
 
 template <class T> QList<T*> rawList(const QList<QSharedPointer<T>>& list) {

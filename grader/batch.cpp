@@ -4,50 +4,56 @@
 
 #include <QElapsedTimer>
 #include <QThread>
-#include <QThreadPool>
-#include <QtConcurrent>
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <vector>
 
 namespace Grade {
 
-namespace {
-
-struct GradeOne {
-    using result_type = CandidateResult;
-    const Host::ProjectFile* standard;
-    const Marks* marks;
-    CandidateResult operator()(const QString& file) const { return gradeFile(*standard, file, *marks); }
-};
-
-} // namespace
-
 QList<CandidateResult> gradeBatch(const Host::ProjectFile& standard, const QStringList& files,
                                   const Marks& marks, const BatchOptions& options) {
-    QThreadPool pool;
-    pool.setMaxThreadCount(options.jobs > 0 ? options.jobs : QThread::idealThreadCount());
+    const int total = files.size();
+    std::vector<CandidateResult> results(size_t(std::max(total, 0)));
+    std::atomic<int> next{0};
+    int done = 0;
+    std::mutex doneLock;
+    std::condition_variable doneChanged;
+    // Each worker takes the next file until none is left; results land in file order.
+    const auto work = [&] {
+        for (int index; (index = next.fetch_add(1)) < total;) {
+            results[size_t(index)] = gradeFile(standard, files.at(index), marks);
+            const std::lock_guard<std::mutex> locker(doneLock);
+            ++done;
+            doneChanged.notify_all();
+        }
+    };
+    const int jobs = options.jobs > 0 ? options.jobs : QThread::idealThreadCount();
+    std::vector<std::thread> workers;
+    for (int worker = 0; worker < std::min(std::max(jobs, 1), total); ++worker)
+        workers.emplace_back(work);
+
     QElapsedTimer clock;
     clock.start();
-    // Start every candidate on the pool, keeping the futures in file order.
-    QList<QFuture<CandidateResult>> futures;
-    const GradeOne grade{&standard, &marks};
-    for (const QString& file : files)
-        futures.append(QtConcurrent::run(&pool, grade, file));
-    for (;;) {
-        int done = 0;
-        for (const QFuture<CandidateResult>& future : futures)
-            done += future.isFinished() ? 1 : 0;
+    for (std::unique_lock<std::mutex> locker(doneLock);;) {
         if (options.progress) {
-            const int left =
-                done > 0 ? int(clock.elapsed() / 1000.0 / done * (files.size() - done) + 0.5) : -1;
-            options.progress(done, files.size(), left);
+            const int finished = done;
+            const qint64 elapsed = clock.elapsed();
+            locker.unlock();
+            const int left = finished > 0 ? int(elapsed / 1000.0 / finished * (total - finished) + 0.5) : -1;
+            options.progress(finished, total, left);
+            locker.lock();
         }
-        if (done == files.size())
+        if (done == total)
             break;
-        QThread::msleep(200);
+        doneChanged.wait_for(locker, std::chrono::milliseconds(200), [&] { return done == total; });
     }
-    QList<CandidateResult> results;
-    for (QFuture<CandidateResult>& future : futures)
-        results.append(future.result());
-    return results;
+    for (std::thread& worker : workers)
+        worker.join();
+    return QList<CandidateResult>(results.begin(), results.end());
 }
 
 QString progressLine(int done, int total, int secondsLeft) {

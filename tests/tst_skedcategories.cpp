@@ -197,6 +197,30 @@ private slots:
         }
     }
 
+    // Hosts may build distinct trees on distinct threads: each network is listed process-wide by its
+    // matrix, and that list must stay whole while threads add and release networks at once.
+    void treesOnDistinctThreads() {
+        QAtomicInt wrongScores;
+        const auto grade = [&wrongScores] {
+            for (int round = 0; round < 300; ++round) {
+                CategoryPtr standard = builtStandard(), candidate = makeCategory(1, 3);
+                setNetwork(candidate.get(), newMatrix(kAllLinks));
+                if (scoreCandidate(candidate.get(), standard.get()) != 10.0)
+                    wrongScores.ref();
+            }
+        };
+        QList<QThread*> threads;
+        for (int i = 0; i < 4; ++i)
+            threads.append(QThread::create(grade));
+        for (QThread* thread : qAsConst(threads))
+            thread->start();
+        for (QThread* thread : qAsConst(threads)) {
+            QVERIFY(thread->wait(60000));
+            delete thread;
+        }
+        QCOMPARE(wrongScores.loadRelaxed(), 0);
+    }
+
     void ganttScoresRowsAndOrder_data() {
         QTest::addColumn<QString>("time");
         QTest::addColumn<int>("rows");

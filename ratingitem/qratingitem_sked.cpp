@@ -191,9 +191,8 @@ void QRatingItem_Sked::ScoreChildRatingItems(const int& mode, void* standardItem
 
 void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
                                              QList<void*>& standardChildren) {
-    // A candidate item is scored and listed once per pass, even when two standard children share
-    // its name; a standard child whose candidates were all taken counts as missing.
-    QSet<void*> matched;
+    // Every standard child looks in the whole answer-child map, so a candidate item whose name two
+    // standard children share is scored (and listed) once for each of them.
     for (void* standardPointer : standardChildren) {
         QRatingItemVirtual* standardChild = MarkPointer::item(standardPointer);
         if (!standardChild)
@@ -206,9 +205,8 @@ void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString,
         int position = 0;
         for (void* pointer : candidates) {
             QRatingItem_Sked* candidate = MarkPointer::item<QRatingItem_Sked>(pointer);
-            if (!candidate || matched.contains(pointer))
+            if (!candidate)
                 continue;
-            matched.insert(pointer);
             const int childMode = (mode == 3 || position > 0) ? 3 : 1;
             ++position;
             if (candidate->m_attributeType == 4)
@@ -216,7 +214,7 @@ void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString,
             m_score += candidate->ExecuteDBScore(standardPointer, childMode);
             appendChild(pointer);
         }
-        if (position > 0)
+        if (!candidates.isEmpty())
             continue;
         void* created = CreateRatingItem(nullptr);
         QRatingItemVirtual* missing = MarkPointer::item(created);

@@ -170,6 +170,17 @@ private slots:
         QVERIFY(student.CalculateRatingItemScore(nullptr) == 0.0 && children.size() == 3);
     }
 
+    void standardChildrenSharingANameEachScoreTheStudentItem() {
+        // "平米" and "平方米" meet under one normalised key: the one student item answers both standard
+        // children, is listed for each, and no missing item is generated.
+        QRatingItem_Sked standard, student;
+        addChild(&standard, skedItem("平米", 2, "1", 2.0));
+        addChild(&standard, skedItem("平方米", 2, "1", 3.0));
+        QRatingItem_Sked* answer = addChild(&student, skedItem("平米", 2, "1"), true);
+        QCOMPARE(scoreAgainst(&student, &standard), 5.0);
+        QCOMPARE(childrenOf(&student), (QList<QRatingItemVirtual*>{answer, answer}));
+    }
+
     void missingSubtreeIsGeneratedOneLevelDeeper_data() {
         QTest::addColumn<int>("leafType");
         QTest::addColumn<QString>("leafValue");

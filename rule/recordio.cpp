@@ -93,6 +93,11 @@ bool readVariantAt(QDataStream& stream, QVariant& value, int depth) {
             stream >> filler;
         }
         return good(stream);
+    case QMetaType::Nullptr: // a JSON null; the type has no payload and no id before Qt 5.0
+        if (stream.version() < QDataStream::Qt_5_0)
+            return refuse(stream);
+        value = QVariant::fromValue(nullptr);
+        return true;
     case QMetaType::Bool:
         return readPlain<bool>(stream, value);
     case QMetaType::Int:
@@ -154,8 +159,7 @@ bool storableAt(const QVariant& value, int depth) {
     }
 }
 
-// Nested null JSON values inside lists and maps become invalid variants, so that the stock
-// encoder writes only allowed type ids.
+// For encodings older than Qt 5.0, which have no null type, null JSON values become invalid variants.
 QVariant withoutNulls(const QVariant& value) {
     switch (value.userType()) {
     case QMetaType::Nullptr:
@@ -225,7 +229,7 @@ void writeVariant(QDataStream& stream, const QVariant& value) {
         stream.setStatus(QDataStream::WriteFailed);
         return;
     }
-    stream << withoutNulls(value);
+    stream << (stream.version() < QDataStream::Qt_5_0 ? withoutNulls(value) : value);
 }
 
 int jsonInt(const QJsonObject& object, const QString& key) {

@@ -43,11 +43,12 @@ bool refuse(QDataStream& stream);
 // minBytesPerElement each. A negative or impossible count marks the stream ReadCorruptData.
 bool readCount(QDataStream& stream, qint32& count, qint64 minBytesPerElement);
 
-// Attribute data goes through an allow-list of plain types: invalid, bool, 32/64-bit integers,
-// double, string, string list, and lists and maps of these nested at most kMaxDepth deep. The
-// encoding is Qt's own QVariant encoding of those types. Anything else is refused: the reader marks
-// the stream ReadCorruptData, the writer marks it WriteFailed and writes nothing. A null JSON value
-// (std::nullptr_t) is written as an invalid variant.
+// Attribute data travels in both JSON and stream records, so it goes through an allow-list of the
+// types a JSON value converts to: invalid, null (std::nullptr_t), bool, 32/64-bit integers, double,
+// string, string list, and lists and maps of these nested at most kMaxDepth deep. The encoding is
+// Qt's own QVariant encoding of those types. Anything else is refused: the reader marks the stream
+// ReadCorruptData, the writer marks it WriteFailed and writes nothing. Encodings older than Qt 5.0
+// have no null type; there a null is written as an invalid variant.
 void readVariant(QDataStream& stream, QVariant& value);
 void writeVariant(QDataStream& stream, const QVariant& value);
 bool isStorableVariant(const QVariant& value);

@@ -1,9 +1,21 @@
-// Score movement through a criteria tree: equal distribution, redistribution around locks, the sign
-// clamp, subtree deletion and the JSON children part.
-#include "testitem.h"
+// Score movement through a criteria tree (equal distribution, redistribution around locks, the sign
+// clamp) and ownership of the subtree: every item held is deleted once.
+#include "itemtrees.h"
 
-#include <QJsonArray>
 #include <QtTest>
+
+namespace {
+
+// Children a (with a1 and a2), b and c.
+void build(TestItem* root) {
+    TestItem* a = root->add("a");
+    root->add("b");
+    root->add("c");
+    a->add("a1");
+    a->add("a2");
+}
+
+} // namespace
 
 class TstRatingItemBase : public QObject {
     Q_OBJECT
@@ -12,36 +24,38 @@ private slots:
 
     void assignScoreSplitsEquallyDownTheTree() {
         TestItem root;
-        TestItem* first = root.add(QStringLiteral("a"));
-        root.add(QStringLiteral("b"));
-        root.add(QStringLiteral("c"));
-        first->add(QStringLiteral("a1"));
-        first->add(QStringLiteral("a2"));
+        build(&root);
         root.SetRatingItemLock(true); // locks do not matter to AssignScore
         root.AssignScore(9.0);
         QCOMPARE(root.GetRatingItemScore(), 9.0);
         for (QRatingItemVirtual* child : childrenOf(&root))
             QCOMPARE(child->GetRatingItemScore(), 3.0);
-        for (QRatingItemVirtual* grandchild : childrenOf(first))
+        for (QRatingItemVirtual* grandchild : childrenOf(childrenOf(&root).first()))
             QCOMPARE(grandchild->GetRatingItemScore(), 1.5);
     }
 
+    // Every child has one grandchild that starts at 42: a locked child keeps its subtree, an unlocked
+    // one passes its share on.
     void redistributeScore_data() {
         QTest::addColumn<bool>("rootLocked");
         QTest::addColumn<QList<bool>>("locked");
         QTest::addColumn<QList<double>>("before");
         QTest::addColumn<double>("expectedRoot");
         QTest::addColumn<QList<double>>("expected");
+        QTest::addColumn<QList<double>>("grandchildren");
         using B = QList<bool>;
         using D = QList<double>;
-        QTest::newRow("one locked") << false << B{true, false, false} << D{4, 0, 0} << 10.0 << D{4, 3, 3};
+        QTest::newRow("one locked") << false << B{true, false, false} << D{4, 0, 0} << 10.0 << D{4, 3, 3}
+                                    << D{42, 3, 3};
         QTest::newRow("no locks") << false << B{false, false, false, false} << D{9, 9, 9, 9} << 10.0
-                                  << D{2.5, 2.5, 2.5, 2.5};
-        QTest::newRow("every child locked") << false << B{true, true} << D{4, 2} << 10.0 << D{4, 2};
-        QTest::newRow("locks exceed the total")
-            << false << B{true, true, false, false} << D{7, 5, 0, 0} << 10.0 << D{7, 5, -1, -1};
-        QTest::newRow("item itself locked") << true << B{false, false} << D{1, 2} << 0.0 << D{1, 2};
-        QTest::newRow("no children") << false << B{} << D{} << 10.0 << D{};
+                                  << D{2.5, 2.5, 2.5, 2.5} << D{2.5, 2.5, 2.5, 2.5};
+        QTest::newRow("every child locked")
+            << false << B{true, true} << D{4, 2} << 10.0 << D{4, 2} << D{42, 42};
+        QTest::newRow("locks exceed the total") << false << B{true, true, false, false} << D{7, 5, 0, 0}
+                                                << 10.0 << D{7, 5, -1, -1} << D{42, 42, -1, -1};
+        QTest::newRow("item itself locked")
+            << true << B{false, false} << D{1, 2} << 0.0 << D{1, 2} << D{42, 42};
+        QTest::newRow("no children") << false << B{} << D{} << 10.0 << D{} << D{};
     }
 
     void redistributeScore() {
@@ -50,35 +64,24 @@ private slots:
         QFETCH(QList<double>, before);
         QFETCH(double, expectedRoot);
         QFETCH(QList<double>, expected);
+        QFETCH(QList<double>, grandchildren);
         TestItem root;
         root.SetRatingItemLock(rootLocked);
-        QList<TestItem*> children;
         for (int i = 0; i < locked.size(); ++i) {
-            children.append(root.add(QString::number(i)));
-            children.last()->SetRatingItemScoreStd(before.at(i));
-            children.last()->SetRatingItemLock(locked.at(i));
+            TestItem* child = root.add(QString::number(i));
+            child->SetRatingItemScoreStd(before.at(i));
+            child->SetRatingItemLock(locked.at(i));
+            child->add("grandchild")->SetRatingItemScoreStd(42.0);
         }
         root.RedistributeScore(10.0);
         QCOMPARE(root.GetRatingItemScoreStd(), expectedRoot);
-        for (int i = 0; i < children.size(); ++i)
-            QCOMPARE(children.at(i)->GetRatingItemScoreStd(), expected.at(i));
-    }
-
-    void redistributeReachesGrandchildrenOfUnlockedChildren() {
-        TestItem root;
-        TestItem* open = root.add(QStringLiteral("open"));
-        TestItem* closed = root.add(QStringLiteral("closed"));
-        closed->SetRatingItemLock(true);
-        closed->SetRatingItemScoreStd(6.0);
-        TestItem* closedChild = closed->add(QStringLiteral("closed child"));
-        closedChild->SetRatingItemScoreStd(42.0);
-        open->add(QStringLiteral("x"));
-        open->add(QStringLiteral("y"));
-        root.RedistributeScore(10.0);
-        QCOMPARE(open->GetRatingItemScoreStd(), 4.0);
-        for (QRatingItemVirtual* grandchild : childrenOf(open))
-            QCOMPARE(grandchild->GetRatingItemScoreStd(), 2.0);
-        QCOMPARE(closedChild->GetRatingItemScoreStd(), 42.0);
+        QList<double> children, grand;
+        for (QRatingItemVirtual* child : childrenOf(&root)) {
+            children.append(child->GetRatingItemScoreStd());
+            grand.append(childrenOf(child).first()->GetRatingItemScoreStd());
+        }
+        QCOMPARE(children, expected);
+        QCOMPARE(grand, grandchildren);
     }
 
     void signClamp_data() {
@@ -86,7 +89,6 @@ private slots:
         QTest::addColumn<double>("score");
         QTest::addColumn<double>("expected");
         QTest::addColumn<bool>("clamped");
-        QTest::newRow("negative under positive") << 5.0 << -2.0 << 0.0 << true;
         QTest::newRow("negative under zero") << 0.0 << -0.5 << 0.0 << true;
         QTest::newRow("positive under negative") << -5.0 << 1.0 << 0.0 << true;
         QTest::newRow("both negative") << -5.0 << -2.0 << -2.0 << false;
@@ -100,100 +102,48 @@ private slots:
         QFETCH(double, expected);
         QFETCH(bool, clamped);
         TestItem item;
-        item.SetRatingItemRemark(QStringLiteral("before"));
+        item.SetRatingItemRemark("before");
         item.SetRatingItemScoreStd(standard);
         item.SetRatingItemScore(score);
         item.adjust();
         QCOMPARE(item.GetRatingItemScore(), expected);
-        QCOMPARE(item.GetRatingItemRemark(),
-                 clamped ? QStringLiteral("分数扣减至0") : QStringLiteral("before"));
+        QCOMPARE(item.GetRatingItemRemark(), QString(clamped ? "分数扣减至0" : "before"));
     }
 
-    void clearDeletesTheSubtreeDepthFirst() {
-        TestItem root(QStringLiteral("root"));
-        TestItem* a = root.add(QStringLiteral("a"));
-        a->add(QStringLiteral("a1"));
-        root.add(QStringLiteral("b"));
-        QStringList order;
-        for (QRatingItemVirtual* item : childrenOf(&root) + childrenOf(a)) {
-            item->setObjectName(item->GetRatingItemName());
-            connect(item, &QObject::destroyed, this, [&order](QObject* o) { order.append(o->objectName()); });
-        }
+    void clearDeletesTheSubtreeAndForgetsIt() {
+        TestItem root("root");
+        build(&root);
         root.ClearRatingItemData();
-        QCOMPARE(root.GetChildItemCount(), 0);
-        QVERIFY(!root.HasChildRatingItem());
-        QCOMPARE(root.GetRatingItemByIndex(QStringLiteral("a")), nullptr);
-        QCOMPARE(order, (QStringList{QStringLiteral("a1"), QStringLiteral("a"), QStringLiteral("b")}));
-        QCOMPARE(root.GetRatingItemName(), QStringLiteral("root"));
+        QCOMPARE(TestItem::destroyedCount, 5);
+        QVERIFY(!root.HasChildRatingItem() && root.GetChildItemCount() == 0);
+        QCOMPARE(root.GetRatingItemByIndex("a"), nullptr);
+        QCOMPARE(root.GetRatingItemName(), QString("root"));
     }
 
     void clearListDeletesRepeatedEntriesOnce() {
         TestItem holder;
-        auto* item = new TestItem(QStringLiteral("x"));
-        QList<void*> list{MarkPointer::fromItem(item), nullptr, MarkPointer::fromItem(item)};
+        void* item = MarkPointer::fromItem(new TestItem("x"));
+        QList<void*> list{item, nullptr, item};
         holder.ClearRatingItemData(list);
         QCOMPARE(TestItem::destroyedCount, 1);
-        QCOMPARE(list.size(), 3);
     }
 
     void everyItemEverHeldIsDeletedOnce() {
-        // Duplicates, generated missing items and surplus items all end up owned by the parent.
         const int liveBefore = TestItem::liveCount;
         {
-            TestItem standard(QStringLiteral("root"));
-            standard.add(QStringLiteral("a"))->add(QStringLiteral("a1"));
-            standard.add(QStringLiteral("b"));
-            TestItem candidate(QStringLiteral("root"));
-            candidate.add(QStringLiteral("a"));
-            candidate.add(QStringLiteral("a")); // duplicate: drops out of the children list
-            candidate.add(QStringLiteral("c")); // surplus
+            TestItem standard("root"), candidate("root");
+            standard.add("a")->add("a1");
+            standard.add("b");
+            candidate.add("a");
+            candidate.add("a"); // a duplicate drops out of the children list
+            candidate.add("c"); // surplus
             for (int round = 0; round < 3; ++round)
-                candidate.ExecuteDBScore(MarkPointer::fromItem(&standard), 1);
-            // The last-added "a", a generated "b", the surplus "c".
+                scoreAgainst(&candidate, &standard);
+            // The last-added "a", a generated "b", the surplus "c"; each round generated new ones.
             QCOMPARE(candidate.GetChildItemCount(), 3);
-            QVERIFY(TestItem::liveCount > liveBefore + 4 + 6); // each round generated new missing items
+            QVERIFY(TestItem::liveCount > liveBefore + 4 + 6);
         }
         QCOMPARE(TestItem::liveCount, liveBefore);
-    }
-
-    void jsonChildrenPart() {
-        TestItem leaf(QStringLiteral("leaf"));
-        QJsonObject empty;
-        leaf.QRatingItemBase::DoSerialize(empty, false);
-        QVERIFY(!empty.contains(QStringLiteral("items")));
-
-        TestItem root(QStringLiteral("root"));
-        root.add(QStringLiteral("first"), 1.0);
-        root.add(QStringLiteral("second"), 2.0);
-        QJsonObject object;
-        root.DoSerialize(object, false);
-        const QJsonArray items = object.value(QStringLiteral("items")).toArray();
-        QCOMPARE(items.size(), 2);
-        QCOMPARE(items.at(0).toObject().value(QStringLiteral("name")).toString(), QStringLiteral("first"));
-        QCOMPARE(items.at(1).toObject().value(QStringLiteral("name")).toString(), QStringLiteral("second"));
-
-        TestItem copy;
-        copy.DoSerialize(object, true);
-        const QList<QRatingItemVirtual*> children = childrenOf(&copy);
-        QCOMPARE(children.size(), 2);
-        QCOMPARE(children.at(1)->GetRatingItemName(), QStringLiteral("second"));
-        QCOMPARE(children.at(1)->GetRatingItemScore(), 2.0);
-        QCOMPARE(copy.GetRatingItemByIndex(QStringLiteral("first")), MarkPointer::fromItem(children.at(0)));
-    }
-
-    void jsonItemsOfTheWrongTypeAreIgnored() {
-        QJsonObject object;
-        object.insert(QStringLiteral("items"), QStringLiteral("not an array"));
-        TestItem item;
-        item.DoSerialize(object, true);
-        QCOMPARE(item.GetChildItemCount(), 0);
-
-        QJsonArray mixed{QJsonValue(7), QJsonObject{{QStringLiteral("name"), QStringLiteral("ok")}}};
-        object.insert(QStringLiteral("items"), mixed);
-        item.DoSerialize(object, true);
-        // A non-object element reads as an empty record; the object element keeps its name.
-        QCOMPARE(item.GetChildItemCount(), 2);
-        QCOMPARE(childrenOf(&item).at(1)->GetRatingItemName(), QStringLiteral("ok"));
     }
 };
 

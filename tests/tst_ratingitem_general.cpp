@@ -282,6 +282,9 @@ private slots:
         QTest::addColumn<int>("version");
         const int qt5 = QDataStream::Qt_5_15;
         QTest::newRow("invalid") << QVariant() << qt5;
+        QTest::newRow("JSON null") << QVariant::fromValue(nullptr) << qt5;
+        QTest::newRow("list holding a JSON null")
+            << QVariant(QVariantList{QVariant::fromValue(nullptr), 1}) << qt5;
         QTest::newRow("unsigned long long") << QVariant(quint64(1) << 63) << qt5;
         QTest::newRow("double") << QVariant(0.1) << qt5;
         QTest::newRow("string list") << QVariant(QStringList{"a", QString()}) << qt5;
@@ -299,6 +302,12 @@ private slots:
         QDataStream out(&bytes, QIODevice::WriteOnly);
         out.setVersion(version);
         item.DoSerialize(out, false);
+        // The attribute is in Qt's own encoding, which a host may have written itself.
+        QByteArray qtEncoding;
+        QDataStream qtOut(&qtEncoding, QIODevice::WriteOnly);
+        qtOut.setVersion(version);
+        qtOut << attribute;
+        QVERIFY(bytes.contains(qtEncoding));
         // Read back and written again, the record is byte for byte the same.
         QDataStream in(bytes), rewrite(&again, QIODevice::WriteOnly);
         in.setVersion(version);

@@ -131,9 +131,8 @@ void QMarkLogical_Sked::InitMarkCategory(QMarkCategoryVirtual* other) {
         return;
     const QMultiMap<QString, int> sourceNodes = source->m_nodeMap;
     const QSharedPointer<LogicNetwork> network = source->m_network.toStrongRef();
-    // A matrix of our own that is not the one taken over is overwritten, hence freed.
-    if (m_ownedNetwork != network)
-        m_ownedNetwork.reset();
+    // A matrix of our own stays owned (items built on it keep scoring against it) until the next
+    // SetLogicMatrix, ClearLogicData or the category's end.
     m_network = network;
     m_nodeCount = source->m_nodeCount;
     m_nodeMap.clear();

@@ -7,6 +7,7 @@
 // new int[], the row array with new int*[]) and frees it exactly once: when SetLogicMatrix replaces
 // it, on ClearLogicData, or on destruction. A category that takes it over through InitMarkCategory
 // only borrows it and never frees it; once the owner has freed it the borrower holds no network.
+// Taking over another network keeps a matrix of one's own owned, so items built on it still score.
 // Every rating item that was handed a matrix is detached when that matrix is freed: its network
 // becomes empty (no nodes, no matrix), so the logic rule finds no chain there and never reads freed
 // memory. Items therefore score against the matrix they were built with for as long as its owner

@@ -197,6 +197,17 @@ private slots:
         }
     }
 
+    void builtItemsKeepTheirMatrixWhenAnotherNetworkIsTakenOver() {
+        CategoryPtr standard = builtStandard(), candidate = makeCategory(1, 3), other = makeCategory(1, 3);
+        setNetwork(candidate.get(), newMatrix(kAllLinks));
+        QCOMPARE(scoreCandidate(candidate.get(), standard.get()), 10.0);
+        setNetwork(other.get(), newMatrix({}));
+        candidate->InitMarkCategory(other.get());
+        QCOMPARE(candidate->ExecuteDBScore(standard.get()), 10.0);
+        other.reset(); // the taken-over network goes with its owner; the candidate's own stays
+        QCOMPARE(candidate->ExecuteDBScore(standard.get()), 10.0);
+    }
+
     // Hosts may build distinct trees on distinct threads: each network is listed process-wide by its
     // matrix, and that list must stay whole while threads add and release networks at once.
     void treesOnDistinctThreads() {

@@ -340,8 +340,7 @@ void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read) {
         readChildRecords(stream, kMinItemRecordBytes);
 }
 
-void QRatingItem_General::writeChildRecords(QDataStream& stream, const QMetaObject& recordClass)
-{
+void QRatingItem_General::writeChildRecords(QDataStream& stream, const QMetaObject& recordClass) {
     QList<QRatingItemVirtual*> children;
     for (void* pointer : childList()) {
         QRatingItemVirtual* child = MarkPointer::item(pointer);
@@ -356,8 +355,7 @@ void QRatingItem_General::writeChildRecords(QDataStream& stream, const QMetaObje
     }
 }
 
-void QRatingItem_General::readChildRecords(QDataStream& stream, qint64 minRecordBytes)
-{
+void QRatingItem_General::readChildRecords(QDataStream& stream, qint64 minRecordBytes) {
     qint32 count = 0;
     if (!RecordIO::readCount(stream, count, minRecordBytes))
         return;

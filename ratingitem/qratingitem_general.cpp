@@ -213,7 +213,8 @@ void QRatingItem_General::ScoreChildRatingItems(const int& mode, void* standardI
 
 void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
                                                 QList<void*>& standardChildren) {
-    // A candidate child that two standard children share is scored and listed for the first only.
+    // A candidate child that several standard children reach (a shared index text, or the first
+    // student child standing in for missing ones) is scored against each but listed once.
     QSet<void*> matched;
     QList<void*> candidates;
     for (void* standardPointer : standardChildren) {
@@ -229,9 +230,9 @@ void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QStri
             QRatingItemVirtual* match = MarkPointer::item(pointer);
             if (!match)
                 continue;
+            m_score += match->ExecuteDBScore(standardPointer, mode);
             if (!matched.contains(pointer)) {
                 matched.insert(pointer);
-                m_score += match->ExecuteDBScore(standardPointer, mode);
                 appendChild(pointer);
             }
             remaining.remove(key);

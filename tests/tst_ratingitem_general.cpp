@@ -171,7 +171,8 @@ private slots:
         row("matched, then missing, then surplus", "b:4,c:6", "a:99,b", 1, 4.0,
             "b|4|; c|0|" + kMissing + "; a|0|" + kSurplus);
         row("last-added duplicate scored, the other dropped", "a:5", "a:1,a:2", 1, 5.0, "a|5|");
-        row("standard children sharing a key score the candidate once", "a:5,a:5", "a", 1, 5.0, "a|5|");
+        row("a candidate two standard children share is scored for each, listed once", "a:5,a:5", "a", 1,
+            10.0, "a|5|");
         row("a missing subtree is generated whole", "a:6(a1:2,a2:4)", "", 1, 0.0,
             "a|0|" + kMissing + "; >a1|0|" + kMissing + "; >a2|0|" + kMissing);
         row("negative sum clamped", "a:-3", "a", 1, 0.0, "a|-3|", "分数扣减至0");

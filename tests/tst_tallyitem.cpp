@@ -111,6 +111,18 @@ private slots:
                  (QVariantList{21.0, 1.0, 40.0, 4.0}));
         QCOMPARE(roots.children(), (QList<QRatingItemVirtual*>{b, d}));
         QCOMPARE(c->GetRatingItemRemark(), QString("untouched"));
+
+        // The stand-in is also scored against its own standard child, and listed once.
+        Roots alone(1);
+        addChild(alone.standard.get(), tally("a", 1.0));
+        addChild(alone.standard.get(), tally("b", 2.0));
+        QRatingItem_Tally* only = addChild(alone.student.get(), tally("b", 20.0));
+        CalcRecorder::calls.clear();
+        alone.score();
+        QCOMPARE(CalcRecorder::calls.size(), 2);
+        QCOMPARE(CalcRecorder::calls[0].args.mid(0, 2) + CalcRecorder::calls[1].args.mid(0, 2),
+                 (QVariantList{20.0, 1.0, 20.0, 2.0}));
+        QCOMPARE(alone.children(), (QList<QRatingItemVirtual*>{only}));
     }
 
     void unmatchedChildren_data() {

@@ -66,13 +66,18 @@ QRatingItem_Tally::QRatingItem_Tally(QObject* parent) : QRatingItem_General(pare
 
 QRatingItem_Tally::~QRatingItem_Tally() = default;
 
-QString QRatingItem_Tally::amountText(double amount) {
-    if (std::fabs(amount) <= kEpsilon)
-        return QStringLiteral("0");
+namespace {
+// Exactly two decimals, a trailing ".00" removed.
+QString twoDecimals(double amount) {
     QString text = QString::number(amount, 'f', 2);
     if (text.endsWith(QLatin1String(".00")))
         text.chop(3);
     return text;
+}
+} // namespace
+
+QString QRatingItem_Tally::amountText(double amount) {
+    return std::fabs(amount) <= kEpsilon ? QStringLiteral("0") : twoDecimals(amount);
 }
 
 QString QRatingItem_Tally::GetRatingItemValue() {
@@ -164,7 +169,7 @@ double QRatingItem_Tally::ExecuteDBScore(void* standardItem, const int& mode) {
         return 0.0;
     m_scoreStd = standard->m_scoreStd;
     m_status = mode;
-    m_valueStd = amountText(standard->m_rate);
+    m_valueStd = twoDecimals(standard->m_rate); // unlike the value text, no zero rule
     SetRatingItemStatus(mode, standardItem);
     if (standard->HasChildRatingItem()) {
         clearChildList();

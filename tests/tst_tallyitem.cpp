@@ -92,6 +92,10 @@ private slots:
                 !student->CalculateRatingItemScore(nullptr));
         student->SetRatingItemRate(-1e-11);
         QCOMPARE(student->GetRatingItemValue(), QString("0"));
+        // The standard value has no zero rule: two decimals, ".00" removed.
+        standard->SetRatingItemRate(-1e-11);
+        scoreAgainst(student.get(), standard.get(), 3);
+        QCOMPARE(student->GetRatingItemValueStd(), QString("-0"));
     }
 
     void typeOneFallsBackToFirstInKeyOrder() {

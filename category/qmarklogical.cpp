@@ -115,7 +115,7 @@ void QMarkLogical_Sked::SetLogicMatrix(QMultiMap<QString, int>& nodes, int** mat
     // Held across the clear, so that handing back the matrix this category owns keeps it alive.
     const QSharedPointer<LogicNetwork> existing = LogicNetwork::find(matrix);
     const bool owner = !existing || existing == m_ownedNetwork;
-    const QSharedPointer<LogicNetwork> network = existing ? existing : LogicNetwork::hold(matrix, count);
+    const QSharedPointer<LogicNetwork> network = LogicNetwork::hold(matrix, count); // existing, or new
     const QMultiMap<QString, int> nodeCopy = nodes; // nodes may be this category's own map
     ClearLogicData();
     m_network = network;

@@ -124,8 +124,7 @@ private slots:
         row("some set", QByteArray(R"({"schedule":{"logic":30},"pricing":50})"), QString());
         row("unknown category", QByteArray(R"({"schedule":{"logics":30}})"),
             "m.json: $.schedule.logics: unknown key; expected one of integrity, attributes, logic, "
-            "resourceCurves, "
-            "gantt, rationality, principles");
+            "resourceCurves, gantt, rationality, principles");
         row("negative", QByteArray(R"({"model":-1})"),
             "m.json: $.model: expected a number of at least 0, found -1");
     }

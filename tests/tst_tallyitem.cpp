@@ -101,6 +101,7 @@ private slots:
     void typeOneFallsBackToFirstInKeyOrder() {
         Roots roots(1);
         addChild(roots.standard.get(), tally("a", 1.0));
+        addChild(roots.standard.get(), tally("b", 2.0));
         addChild(roots.standard.get(), tally("d", 4.0));
         QRatingItem_Tally* c = addChild(roots.student.get(), tally("c", 30.0));
         addChild(roots.student.get(), tally("b", 20.0));
@@ -108,25 +109,15 @@ private slots:
         QRatingItem_Tally* d = addChild(roots.student.get(), tally("d", 40.0));
         c->SetRatingItemRemark("untouched");
         roots.score();
-        // "a" has no counterpart: the first in key order ("b", the later one first) takes its place;
-        // no missing item, and the rest are not reported as surplus.
-        QCOMPARE(CalcRecorder::calls.size(), 2);
-        QCOMPARE(CalcRecorder::calls[0].args.mid(0, 2) + CalcRecorder::calls[1].args.mid(0, 2),
-                 (QVariantList{21.0, 1.0, 40.0, 4.0}));
+        // "a" has no counterpart: the first in key order ("b", the later one first) takes its place and
+        // is scored against its own standard child too, but listed once; no missing item, and the rest
+        // are not reported as surplus.
+        QVariantList args;
+        for (const CalcCall& call : CalcRecorder::calls)
+            args += call.args.mid(0, 2);
+        QCOMPARE(args, (QVariantList{21.0, 1.0, 21.0, 2.0, 40.0, 4.0}));
         QCOMPARE(roots.children(), (QList<QRatingItemVirtual*>{b, d}));
         QCOMPARE(c->GetRatingItemRemark(), QString("untouched"));
-
-        // The stand-in is also scored against its own standard child, and listed once.
-        Roots alone(1);
-        addChild(alone.standard.get(), tally("a", 1.0));
-        addChild(alone.standard.get(), tally("b", 2.0));
-        QRatingItem_Tally* only = addChild(alone.student.get(), tally("b", 20.0));
-        CalcRecorder::calls.clear();
-        alone.score();
-        QCOMPARE(CalcRecorder::calls.size(), 2);
-        QCOMPARE(CalcRecorder::calls[0].args.mid(0, 2) + CalcRecorder::calls[1].args.mid(0, 2),
-                 (QVariantList{20.0, 1.0, 20.0, 2.0}));
-        QCOMPARE(alone.children(), (QList<QRatingItemVirtual*>{only}));
     }
 
     void unmatchedChildren_data() {
@@ -208,7 +199,6 @@ private slots:
         QTest::addColumn<bool>("recursive");
         QTest::addColumn<bool>("changes");
         QTest::newRow("same value") << 0.0 << true << false;
-        QTest::newRow("1e-12 away") << 1e-12 << true << false;
         QTest::newRow("not recursive") << 1.0 << false << true;
         QTest::newRow("9.9e-11 away") << 9.9e-11 << true << false;
         // 1e-10 is not above the threshold in double precision, but is once rounded to single precision.

@@ -181,8 +181,6 @@ private slots:
             << weeks(2) << mixerChart + tooFew;
         QTest::newRow("no raw rebar, no curve")
             << QStringList{"成品钢筋=50"} << none << true << Points() << processorChart + fine;
-        QTest::newRow("rebar, no curve") << QStringList{"钢筋原材=12"} << none << true << Points()
-                                         << processorChart + "|不存在|0|缺少\"钢筋加工机\"资源曲线";
         // partners are drawn together, and taken as a partner they get no row of their own
         QTest::newRow("rebar pair, one drawn")
             << QStringList{"钢筋原材", "成品钢筋"} << QStringList{"钢筋"} << true << Points()

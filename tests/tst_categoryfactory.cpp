@@ -1,8 +1,5 @@
-// The category factories' code table: product, scene and category type to the class made (with its
-// type, ancestry and root), the same through the caller's map, and the codes they refuse. What they
-// make builds once and its JSON and stream records round-trip; hostile records (every truncation of a
-// stream, JSON nested too deep with wrong-typed keys) are refused without a crash or a leak (the
-// sanitizer build checks the latter).
+// The category factories' code table (and the codes refused), the records of what they make, and
+// hostile records: every truncation of a stream, JSON nested too deep with wrong-typed keys.
 #include "categorytest.h"
 
 #include <QJsonArray>

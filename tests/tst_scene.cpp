@@ -1,7 +1,5 @@
-// Scenes and resources: the registry CreateSceneInfo fills, the Site catalogue, element
-// identifiers, logic chains, the combination of a work sequence into components, the element types
-// the Site scene has the host create, resource name normalisation and which resource class stores
-// what its setters receive.
+// Scenes and resources: the scene registry, the Site catalogue, element identifiers and chains, the
+// element types the Site scene has the host create, resource names and what each resource class keeps.
 #include "fakeelementtype.h"
 #include "fakeproject.h"
 #include "qresource_sked_site.h"
@@ -88,47 +86,42 @@ private slots:
         QCOMPARE(data.elementTypeKinds, (QList<int>{1, 1, 1, 1})); // each Site scene made its element types
     }
 
-    // Class, type, type by id, factor, labour factor, site price, curve chart and a labour's work
+    // Code, class, type, type by id, factor, labour factor, site price, curve chart and a labour's work
     // process of each resource, in the order of GetAllCurveResource.
-    void siteCatalogue_data() {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QString>("entry");
-        int i = 0;
-        row("SiteRLJZ00001", i++, "RL 1 1 5 5 10000 钢筋工曲线图 Qty01 绑钢筋 黄色");
-        row("SiteRLJZ00002", i++, "RL 1 1 5 5 10000 模板工/木工曲线图 Qty02 支模板 绿色");
-        row("SiteRLJZ00003", i++, "RL 1 1 10 10 10000 混凝土工/砼工曲线图 Qty03 浇筑混凝土 粉色");
-        row("SiteCLJZ00001", i++, "CL 2 4 0 0 14000 钢筋原材/成品钢筋计划曲线图");
-        row("SiteCLJZ00002", i++, "CL 2 4 0 0 20000 钢筋原材/成品钢筋计划曲线图");
-        row("SiteCLJZ00003", i++, "CL 2 6 0 0 2000 模板计划曲线图");
-        row("SiteCLJZ00004", i++, "CL 2 5 0 0 14000 混凝土/水泥、砂石计划曲线图");
-        row("SiteCLJZ00005", i++, "CL 2 5 0 0 10000 混凝土/水泥、砂石计划曲线图");
-        row("SiteCLJZ00006", i++, "CL 2 5 0 0 10000 混凝土/水泥、砂石计划曲线图");
-        row("ZJX1", i++, "JX 3 0 0 0 10000 钢筋加工机曲线图");
-        row("ZJX2", i++, "JX 3 0 0 0 10000 混凝土搅拌机曲线图");
-        row("ZJX3", i++, "JX 3 0 0 0 10000 小型/大型发电机曲线图");
-        row("ZJX4", i++, "JX 3 0 0 0 10000 小型/大型发电机曲线图");
-        row("ZJX5", i++, "JX 3 0 0 0 10000 小型/大型供水泵机曲线图");
-        row("ZJX6", i++, "JX 3 0 0 0 10000 小型/大型供水泵机曲线图");
-    }
-
     void siteCatalogue() {
-        QFETCH(int, index);
-        QFETCH(QString, entry);
-        const QString code = QString::fromLatin1(QTest::currentDataTag());
+        const QStringList entries = {
+            "SiteRLJZ00001 RL 1 1 5 5 10000 钢筋工曲线图 Qty01 绑钢筋 黄色",
+            "SiteRLJZ00002 RL 1 1 5 5 10000 模板工/木工曲线图 Qty02 支模板 绿色",
+            "SiteRLJZ00003 RL 1 1 10 10 10000 混凝土工/砼工曲线图 Qty03 浇筑混凝土 粉色",
+            "SiteCLJZ00001 CL 2 4 0 0 14000 钢筋原材/成品钢筋计划曲线图",
+            "SiteCLJZ00002 CL 2 4 0 0 20000 钢筋原材/成品钢筋计划曲线图",
+            "SiteCLJZ00003 CL 2 6 0 0 2000 模板计划曲线图",
+            "SiteCLJZ00004 CL 2 5 0 0 14000 混凝土/水泥、砂石计划曲线图",
+            "SiteCLJZ00005 CL 2 5 0 0 10000 混凝土/水泥、砂石计划曲线图",
+            "SiteCLJZ00006 CL 2 5 0 0 10000 混凝土/水泥、砂石计划曲线图",
+            "ZJX1 JX 3 0 0 0 10000 钢筋加工机曲线图",
+            "ZJX2 JX 3 0 0 0 10000 混凝土搅拌机曲线图",
+            "ZJX3 JX 3 0 0 0 10000 小型/大型发电机曲线图",
+            "ZJX4 JX 3 0 0 0 10000 小型/大型发电机曲线图",
+            "ZJX5 JX 3 0 0 0 10000 小型/大型供水泵机曲线图",
+            "ZJX6 JX 3 0 0 0 10000 小型/大型供水泵机曲线图"};
         QScene_Site scene;
         scene.InitSceneInfo(nullptr);
         const QList<QResourceVirtual*> resources = curveResources(scene);
-        QCOMPARE(resources.size(), 15);
-        auto* resource = qobject_cast<QResource_Sked_Site*>(resources[index]);
-        QVERIFY(resource && !resource->parent());
-        QStringList seen(resource->GetClassName().remove(QStringLiteral("QResource_Sked_Site_")));
-        for (int number :
-             {scene.GetResourceType(code), scene.GetResourceTypeById(code), resource->GetResourceFactor(),
-              scene.GetRLResourceFactor(code), resource->sitePrice()})
-            seen << QString::number(number);
-        seen << resource->GetGeneralName() << resource->GetProjectCode() << resource->GetProjectName()
-             << resource->GetGxColor();
-        QCOMPARE(seen.join(QLatin1Char(' ')).trimmed(), entry);
+        QCOMPARE(resources.size(), entries.size());
+        for (int i = 0; i < entries.size(); ++i) {
+            const QString code = entries[i].section(QLatin1Char(' '), 0, 0);
+            auto* resource = qobject_cast<QResource_Sked_Site*>(resources[i]);
+            QVERIFY(resource && !resource->parent());
+            QStringList seen{code, resource->GetClassName().remove(QStringLiteral("QResource_Sked_Site_"))};
+            for (int number :
+                 {scene.GetResourceType(code), scene.GetResourceTypeById(code), resource->GetResourceFactor(),
+                  scene.GetRLResourceFactor(code), resource->sitePrice()})
+                seen << QString::number(number);
+            seen << resource->GetGeneralName() << resource->GetProjectCode() << resource->GetProjectName()
+                 << resource->GetGxColor();
+            QCOMPARE(seen.join(QLatin1Char(' ')).trimmed(), entries[i]);
+        }
         // Asking again gives the same list, replacing what the list held.
         QList<QResourceVirtual*> list = {resources[0], nullptr};
         scene.GetAllCurveResource(list);

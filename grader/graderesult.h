@@ -3,7 +3,10 @@
 #ifndef GRADERESULT_H
 #define GRADERESULT_H
 
+#include "projectmodel.h"
+
 #include <QList>
+#include <QSharedPointer>
 #include <QString>
 #include <QStringList>
 
@@ -37,6 +40,9 @@ struct CandidateResult {
     QString error; // why the file was not graded
     QStringList notes;
     QList<CategoryResult> categories;
+    // The candidate's file as read, for reports that draw it (Gantt chart, curves); null when the
+    // file could not be read.
+    QSharedPointer<const Host::ProjectFile> project;
 
     double full() const;
     double obtained() const;

@@ -151,15 +151,17 @@ CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::Proj
 
 CandidateResult gradeFile(const Host::ProjectFile& standard, const QString& candidatePath,
                           const Marks& marks) {
-    Host::ProjectFile candidate;
+    auto candidate = QSharedPointer<Host::ProjectFile>::create();
     Host::ReadError error;
-    if (!Host::readProjectFile(candidatePath, candidate, error)) {
+    if (!Host::readProjectFile(candidatePath, *candidate, error)) {
         CandidateResult result;
         result.file = candidatePath;
         result.error = error.toString();
         return result;
     }
-    return gradeProject(standard, candidate, marks);
+    CandidateResult result = gradeProject(standard, *candidate, marks);
+    result.project = candidate;
+    return result;
 }
 
 } // namespace Grade

@@ -14,6 +14,15 @@ enum ProductCode { ScheduleProduct = 5, Ash = 9, Elm = 11, Fir = 13, Yew = 15, O
 // Scene codes; any other value is the plain schedule scene.
 enum SceneCode { PlainScene = 0, SiteScene = 1, TwinScene = 2 };
 
+// How a link ties a successor to its predecessor, with a lag in working days (negative: a lead).
+enum class LinkType { FinishToStart, StartToStart, FinishToFinish, StartToFinish };
+
+struct LinkData {
+    int predecessor = 0; // position in ScheduleProject::workItems
+    LinkType type = LinkType::FinishToStart;
+    int lagDays = 0;
+};
+
 struct WorkItemData {
     int id = 0;
     QString name;
@@ -28,7 +37,13 @@ struct WorkItemData {
     QString labourIntensity;
     QString crew;
     double materialTotal = 0.0;
-    QList<int> predecessors; // positions in ScheduleProject::workItems
+    QList<LinkData> links;   // every link into this item, as the file gives them
+    QList<int> predecessors; // distinct direct predecessors of the links, positions in workItems
+    // Worked out from the links when the file is read: early start and finish in working days from
+    // the project start, and whether the item has no float (it lies on a critical path).
+    int start = 0;
+    int finish = 0;
+    bool critical = false;
 };
 
 struct ArrowData {
@@ -75,7 +90,7 @@ struct ScheduleProject {
     GanttSettings gantt;
     QList<ResourceData> resources;
     QList<CurveData> curves;
-    int totalDays = 0; // forward pass over the predecessors, computed while reading
+    int totalDays = 0; // the latest early finish, computed while reading
 };
 
 // One node of a pricing or building-model tree; each product reads the fields it knows.

@@ -58,7 +58,7 @@ void ProjectParser::schedule(const QJsonObject& root, ScheduleProject& project) 
     if (!r.ok())
         return;
     QVector<int> cycle;
-    if (!forwardPass(project.workItems, project.totalDays, cycle)) {
+    if (!scheduleTimes(project.workItems, project.totalDays, cycle)) {
         r.failWith(QStringLiteral("$.workItems"),
                    QStringLiteral("expected predecessors without a cycle, found the cycle %1")
                        .arg(cycleText(cycle, [&](int v) { return project.workItems[v].name; })));
@@ -130,7 +130,9 @@ void ProjectParser::workItems(const QJsonArray& array, const QString& path, Sche
             }
             if (!seen.contains(id)) { // a repeated predecessor adds nothing
                 seen.insert(id);
-                project.workItems[i].predecessors.append(m_positionOfId.value(id));
+                const int position = m_positionOfId.value(id);
+                project.workItems[i].predecessors.append(position);
+                project.workItems[i].links.append(LinkData{position, LinkType::FinishToStart, 0});
             }
         }
     }

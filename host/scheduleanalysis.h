@@ -5,6 +5,7 @@
 #define SCHEDULEANALYSIS_H
 
 #include "projectmodel.h"
+#include "scheduletiming.h"
 
 #include <QList>
 #include <QMap>
@@ -17,14 +18,6 @@
 #include <functional>
 
 namespace Host {
-
-// Topological order of a directed graph of n vertices given by successor lists. When the graph has a
-// cycle, returns false and fills cycle with its vertices in order (the first one repeated at the end).
-bool topologicalOrder(const QVector<QVector<int>>& successors, QVector<int>& order, QVector<int>& cycle);
-
-// Total duration by a forward pass over the predecessors. False with the cycle (positions in
-// workItems, closed) when the predecessors form one.
-bool forwardPass(const QList<WorkItemData>& items, int& totalDays, QVector<int>& cycle);
 
 // Logic texts, filled in parallel: one entry per distinct work-item name in first-seen order.
 struct LogicTexts {

@@ -39,10 +39,14 @@ QList<ReportSection> sections() {
     const CategoryResult graded[] = {
         {1, "工作项完整性", true, QString(), 2.0, 1.0, integrity},
         {3, "逻辑关系", false, "not available: \"逻辑关系\", none", 5.0, 0.0, ScoredNode()}};
-    return {
-        {"s.json",
-         {{"c.json", true, QString(), QStringList(), {graded[0], graded[1]}},
-          {"d.json", false, "d.json: $: expected a JSON document", QStringList(), QList<CategoryResult>()}}}};
+    return {{"s.json",
+             {{"c.json", true, QString(), QStringList(), {graded[0], graded[1]}, {}},
+              {"d.json",
+               false,
+               "d.json: $: expected a JSON document",
+               QStringList(),
+               QList<CategoryResult>(),
+               {}}}}};
 }
 
 struct Run {

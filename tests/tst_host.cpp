@@ -49,8 +49,17 @@ QList<WorkItemData> items(const QString& notation) {
         item.id = out.size() + 1;
         item.name = names[out.size()];
         item.duration = entry.section(':', 1, 1).toInt();
-        for (const QString& name : entry.section(':', 2).split(',', Qt::SkipEmptyParts))
-            item.predecessors << names.indexOf(name);
+        // A predecessor may carry its link type and lag: "A/ss2" is start-to-start with 2 days.
+        for (const QString& link : entry.section(':', 2).split(',', Qt::SkipEmptyParts)) {
+            const int p = names.indexOf(link.section('/', 0, 0));
+            const QString kind = link.section('/', 1).left(2);
+            const LinkType type = kind == "ss"   ? LinkType::StartToStart
+                                  : kind == "ff" ? LinkType::FinishToFinish
+                                  : kind == "sf" ? LinkType::StartToFinish
+                                                 : LinkType::FinishToStart;
+            item.predecessors << p;
+            item.links << LinkData{p, type, link.section('/', 1).mid(2).toInt()};
+        }
         out << item;
     }
     return out;
@@ -178,7 +187,7 @@ private slots:
         QVERIFY(file.schedule.workItems.isEmpty() && file.fileName.isEmpty()); // nothing half read is left
     }
 
-    void forwardPass_data() {
+    void scheduleTimes_data() {
         QTest::addColumn<QString>("workItems"); // in the notation of items()
         QTest::addColumn<int>("total");
         QTest::addColumn<QVector<int>>("cycle"); // positions around a cycle, first repeated at the end
@@ -188,13 +197,39 @@ private slots:
         row("cycle behind a tail", "A:1;B:1:A,D;C:1:B;D:1:C;E:1:D", -1, QVector<int>{1, 2, 3, 1});
     }
 
-    void forwardPass() {
+    void typedLinks_data() {
+        QTest::addColumn<QString>("workItems");
+        QTest::addColumn<QString>("dates"); // start-finish of each item, "*" after a critical one
+        QTest::addColumn<int>("total");
+        row("start-to-start with lag, finish-to-finish, start-to-finish", "A:5;B:3:A/ss2;C:2:B/ff1;D:4:A/sf0",
+            "0-5* 2-5* 4-6* 0-4", 6);
+        row("lead never starts before day 0", "A:2;B:3:A/fs-4", "0-2 0-3*", 3);
+        row("lag on finish-to-start; parallel branch has float", "A:1;B:2:A/fs3;C:1:A", "0-1* 4-6* 1-2", 6);
+    }
+
+    void typedLinks() {
+        QFETCH(QString, workItems);
+        QFETCH(QString, dates);
+        QFETCH(int, total);
+        QList<WorkItemData> list = items(workItems);
+        int days = -1;
+        QVector<int> cycle;
+        QVERIFY(Host::scheduleTimes(list, days, cycle));
+        QStringList found;
+        for (const WorkItemData& item : list)
+            found << QStringLiteral("%1-%2%3").arg(item.start).arg(item.finish).arg(item.critical ? "*" : "");
+        QCOMPARE(found.join(' '), dates);
+        QCOMPARE(days, total);
+    }
+
+    void scheduleTimes() {
         QFETCH(QString, workItems);
         QFETCH(int, total);
         QFETCH(QVector<int>, cycle);
         int days = -1;
         QVector<int> found;
-        QCOMPARE(Host::forwardPass(items(workItems), days, found), cycle.isEmpty());
+        QList<WorkItemData> list = items(workItems);
+        QCOMPARE(Host::scheduleTimes(list, days, found), cycle.isEmpty());
         QCOMPARE(found, cycle);
         if (cycle.isEmpty())
             QCOMPARE(days, total);

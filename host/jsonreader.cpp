@@ -7,13 +7,6 @@
 
 namespace Host {
 
-QString ReadError::toString() const {
-    QString out = file;
-    if (!path.isEmpty())
-        out += QStringLiteral(": ") + path;
-    return out + QStringLiteral(": ") + message;
-}
-
 bool JsonReader::parse(const QByteArray& bytes, QJsonObject& root) {
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);

@@ -4,6 +4,8 @@
 #ifndef JSONREADER_H
 #define JSONREADER_H
 
+#include "readerror.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
@@ -14,15 +16,6 @@
 #include <limits>
 
 namespace Host {
-
-struct ReadError {
-    QString file;
-    QString path;    // "$.workItems[3].duration"; "$" for the document itself; empty for no JSON
-    QString message; // what was expected and what was found
-    bool isSet() const { return !message.isEmpty(); }
-    // "file: path: message"
-    QString toString() const;
-};
 
 class JsonReader {
 public:

@@ -150,13 +150,13 @@ private slots:
             "unknown key; expected one of formatVersion, product, scene, workItems, arrowDiagram, gantt, "
             "resources, resourceCurves");
         row("duration fraction", schedule(R"([{"id":1,"name":"A","duration":2.5}])"),
-            "$.workItems[0].duration", "expected a whole number of days of at least 0, found 2.5");
+            "$.workItems[0].duration", "expected a whole number of days from 0 to 1000000, found 2.5");
         row("duplicate id",
             schedule(R"([{"id":1,"name":"A","duration":1},{"id":1,"name":"B","duration":1}])"),
-            "$.workItems[1].id", "expected an id not used before, found 1, the id of $.workItems[0]");
+            "$.workItems[1]", "expected an id not used before, found 1, the id of $.workItems[0]");
         row("unknown predecessor", schedule(R"([{"id":1,"name":"A","duration":1,"predecessors":[7]}])"),
             "$.workItems[0].predecessors[0]",
-            "expected the id of a work item, found 7, which no work item has");
+            "expected the id of a task, found 7, which no task has");
         row("cycle", schedule(R"([{"id":1,"name":"A","duration":1,"predecessors":[2]},
                                   {"id":2,"name":"B","duration":1,"predecessors":[1]}])"),
             "$.workItems", "expected predecessors without a cycle, found the cycle A → B → A");

@@ -3,6 +3,7 @@
 #include "jsonreader.h"
 #include "schedulebuilder.h"
 
+#include <QHash>
 #include <QSet>
 
 namespace Host {
@@ -95,13 +96,36 @@ void ProjectParser::workItems(const QJsonArray& array, const QString& path, Impo
     }
 }
 
+// A predecessor is a work item's id (finish-to-start), or {"id": N, "type": "SS", "lag": days}.
 void ProjectParser::predecessors(const QJsonArray& array, const QString& path, ImportedTask& task) {
+    static const QHash<QString, LinkType> types{{QStringLiteral("FS"), LinkType::FinishToStart},
+                                                {QStringLiteral("SS"), LinkType::StartToStart},
+                                                {QStringLiteral("FF"), LinkType::FinishToFinish},
+                                                {QStringLiteral("SF"), LinkType::StartToFinish}};
     for (int k = 0; k < array.size() && r.ok(); ++k) {
-        int id = 0;
         const QString at = JsonReader::element(path, k);
-        if (r.readInteger(array.at(k), at, std::numeric_limits<int>::min(), std::numeric_limits<int>::max(),
-                          QStringLiteral("the id of a work item"), id))
-            task.links.append(ImportedLink{QString::number(id), LinkType::FinishToStart, 0.0, at});
+        ImportedLink link;
+        link.where = at;
+        int id = 0;
+        if (array.at(k).isObject()) {
+            const QJsonObject object = array.at(k).toObject();
+            r.checkKeys(object, at, {"id", "type", "lag"});
+            id = r.integer(object, at, "id", true, 0, std::numeric_limits<int>::min(),
+                           std::numeric_limits<int>::max(), QStringLiteral("the id of a work item"));
+            const QString type = r.text(object, at, "type", false, QStringLiteral("FS"));
+            if (r.ok() && !types.contains(type))
+                r.fail(JsonReader::member(at, "type"), QStringLiteral("\"FS\", \"SS\", \"FF\" or \"SF\""),
+                       object.value(QLatin1String("type")));
+            link.type = types.value(type);
+            link.lagDays = r.integer(object, at, "lag", false, 0, -maxDays, maxDays,
+                                     QStringLiteral("a whole number of days from -%1 to %1").arg(maxDays));
+        } else if (!r.readInteger(array.at(k), at, std::numeric_limits<int>::min(),
+                                  std::numeric_limits<int>::max(),
+                                  QStringLiteral("the id of a work item, or a link object"), id)) {
+            return;
+        }
+        link.predecessor = QString::number(id);
+        task.links.append(link);
     }
 }
 

@@ -1,0 +1,85 @@
+// The schedule file formats: each fixture of tests/data/formats reads to the same project and grades
+// the same as its JSON twin; formats are told by content; broken files give their exact message.
+#include "projectdump.h"
+
+#include <QtTest>
+
+using namespace Host;
+
+namespace {
+
+QString fixture(const QString& name) {
+    return QStringLiteral(FORMAT_FIXTURES "/") + name;
+}
+
+template <typename... Cells> void row(const char* tag, const Cells&... cells) {
+    (QTest::newRow(tag) << ... << cells);
+}
+
+} // namespace
+
+class TestFormats : public QObject {
+    Q_OBJECT
+
+private slots:
+    // Each format's house schedule against the twin: the same parsed project, the same marks.
+    void sameAsTwin_data() {
+        QTest::addColumn<QString>("file");
+        row("json twin itself", QStringLiteral("house.json"));
+    }
+
+    void sameAsTwin() {
+        QFETCH(QString, file);
+        const ProjectFile twin = TestDump::read(fixture(QStringLiteral("house.json")));
+        const ProjectFile read = TestDump::read(fixture(file));
+        QCOMPARE(read.kind, ProjectKind::Schedule);
+        QCOMPARE(TestDump::schedule(read.schedule), TestDump::schedule(twin.schedule));
+        const Grade::Marks marks;
+        QCOMPARE(TestDump::graded(Grade::gradeProject(twin, read, marks)),
+                 TestDump::graded(Grade::gradeProject(twin, twin, marks)));
+        QCOMPARE(TestDump::graded(Grade::gradeProject(read, twin, marks)),
+                 TestDump::graded(Grade::gradeProject(twin, twin, marks)));
+    }
+
+    // The twin's worked-out dates, the summary's links carried to its leaves and the curves as
+    // README.md works them out by hand.
+    void twinAsWorkedOut() {
+        const ScheduleProject p = TestDump::read(fixture(QStringLiteral("house.json"))).schedule;
+        QCOMPARE(p.totalDays, 24);
+        QStringList dates;
+        for (const WorkItemData& item : p.workItems)
+            dates << QStringLiteral("%1-%2").arg(item.start).arg(item.finish);
+        QCOMPARE(dates.join(' '),
+                 QStringLiteral("0-2 2-6 6-9 9-11 11-17 13-17 17-20 16-18 17-20 17-20 20-24 24-24"));
+    }
+
+    // Files that are no project, or that another program must save first.
+    void unreadable_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("message");
+        row("binary MS Project", QByteArray("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1\0\0", 10),
+            QStringLiteral(
+                "f: is a binary file (MS Project .mpp or another OLE document), which cannot be read: "
+                "save it as MS Project XML (File › Save As › XML format) and grade the .xml file"));
+        row("empty", QByteArray(" \n"),
+            QStringLiteral("f: expected a project file (%1), found an empty file")
+                .arg(projectFormatNames().join(", ")));
+        row("other XML", QByteArray("<?xml version=\"1.0\"?><svg xmlns=\"http://www.w3.org/2000/svg\"/>"),
+            QStringLiteral(
+                "f: expected a project file (%1), found XML with the root element <svg> in namespace "
+                "http://www.w3.org/2000/svg")
+                .arg(projectFormatNames().join(", ")));
+    }
+
+    void unreadable() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, message);
+        ProjectFile file;
+        ReadError error;
+        QVERIFY(!readProjectDocument(bytes, QStringLiteral("f"), file, error));
+        QCOMPARE(error.toString(), message);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFormats)
+#include "tst_formats.moc"

@@ -5,9 +5,11 @@
 namespace Grade {
 
 namespace {
+// Full marks of one category or tree; totals of them stay exact in a double.
+const double maxMarks = 10000.0;
 const char* const scheduleKeys[] = {"integrity", "attributes",  "logic",     "resourceCurves",
                                     "gantt",     "rationality", "principles"};
-}
+} // namespace
 
 QString Marks::scheduleKey(int type) {
     return type >= 1 && type <= 7 ? QLatin1String(scheduleKeys[type - 1]) : QString();
@@ -27,9 +29,10 @@ bool readMarksDocument(const QByteArray& bytes, const QString& fileName, Marks& 
         for (int type = 1; type <= 7; ++type)
             read.schedule[type] =
                 reader.number(schedule, QStringLiteral("$.schedule"), scheduleKeys[type - 1], false,
-                              read.schedule.value(type), 0.0);
-        read.pricing = reader.number(root, QStringLiteral("$"), "pricing", false, read.pricing, 0.0);
-        read.model = reader.number(root, QStringLiteral("$"), "model", false, read.model, 0.0);
+                              read.schedule.value(type), 0.0, maxMarks);
+        read.pricing =
+            reader.number(root, QStringLiteral("$"), "pricing", false, read.pricing, 0.0, maxMarks);
+        read.model = reader.number(root, QStringLiteral("$"), "model", false, read.model, 0.0, maxMarks);
     }
     error = reader.error();
     if (reader.ok())

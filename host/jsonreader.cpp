@@ -89,18 +89,19 @@ QString JsonReader::textOrNumber(const QJsonObject& object, const QString& path,
 }
 
 double JsonReader::number(const QJsonObject& object, const QString& path, const char* key, bool required,
-                          double fallback, double minimum) {
+                          double fallback, double minimum, double maximum) {
     const QJsonValue value = object.value(QLatin1String(key));
     if (value.isUndefined() && !required)
         return fallback;
-    if (!value.isDouble() || value.toDouble() < minimum) {
+    // Infinite values cannot come from the text of a document, but a literal too large for a double
+    // reads as one; the range check refuses both.
+    const double number = value.toDouble();
+    if (!value.isDouble() || !std::isfinite(number) || number < minimum || number > maximum) {
         fail(member(path, key),
-             std::isinf(minimum) ? QStringLiteral("a number")
-                                 : QStringLiteral("a number of at least %1").arg(minimum),
-             value);
+             QStringLiteral("a number from %1 to %2").arg(minimum).arg(maximum, 0, 'g', 15), value);
         return fallback;
     }
-    return value.toDouble();
+    return number;
 }
 
 bool JsonReader::readInteger(const QJsonValue& value, const QString& path, int minimum, int maximum,

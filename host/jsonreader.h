@@ -41,8 +41,11 @@ public:
                  const QString& fallback = QString());
     // A text, or a number written the shortest way.
     QString textOrNumber(const QJsonObject& object, const QString& path, const char* key);
+    // Numbers are finite and within [minimum, maximum]; by default within ±largestNumber, far from
+    // what sums and products of them can overflow.
+    static constexpr double largestNumber = 1e12;
     double number(const QJsonObject& object, const QString& path, const char* key, bool required,
-                  double fallback = 0.0, double minimum = -std::numeric_limits<double>::infinity());
+                  double fallback = 0.0, double minimum = -largestNumber, double maximum = largestNumber);
     int integer(const QJsonObject& object, const QString& path, const char* key, bool required,
                 int fallback = 0, int minimum = std::numeric_limits<int>::min(),
                 int maximum = std::numeric_limits<int>::max(), const QString& what = QString());

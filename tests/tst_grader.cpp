@@ -130,7 +130,9 @@ private slots:
             "m.json: $.schedule.logics: unknown key; expected one of integrity, attributes, logic, "
             "resourceCurves, gantt, rationality, principles");
         row("negative", QByteArray(R"({"model":-1})"),
-            "m.json: $.model: expected a number of at least 0, found -1");
+            "m.json: $.model: expected a number from 0 to 10000, found -1");
+        row("too large to add up", QByteArray(R"({"schedule":{"gantt":1e308}})"),
+            "m.json: $.schedule.gantt: expected a number from 0 to 10000, found 1e+308");
     }
 
     void marksFile() {

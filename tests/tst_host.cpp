@@ -155,8 +155,7 @@ private slots:
             schedule(R"([{"id":1,"name":"A","duration":1},{"id":1,"name":"B","duration":1}])"),
             "$.workItems[1]", "expected an id not used before, found 1, the id of $.workItems[0]");
         row("unknown predecessor", schedule(R"([{"id":1,"name":"A","duration":1,"predecessors":[7]}])"),
-            "$.workItems[0].predecessors[0]",
-            "expected the id of a task, found 7, which no task has");
+            "$.workItems[0].predecessors[0]", "expected the id of a task, found 7, which no task has");
         row("cycle", schedule(R"([{"id":1,"name":"A","duration":1,"predecessors":[2]},
                                   {"id":2,"name":"B","duration":1,"predecessors":[1]}])"),
             "$.workItems", "expected predecessors without a cycle, found the cycle A → B → A");
@@ -168,6 +167,9 @@ private slots:
                                        {"from":3,"to":2,"workItem":2})"),
             "$.arrowDiagram.arrows",
             "expected arrows without a cycle, found the cycle through nodes 2 → 3 → 2");
+        row("curve amount beyond any site",
+            twoItems(R"(,"resourceCurves":[{"name":"钢筋","points":[{"minute":9,"amount":1e308}]}])"),
+            "$.resourceCurves[0].points[0].amount", "expected a number from 0 to 1000000000, found 1e+308");
         row("curve order", twoItems(R"(,"resourceCurves":[{"name":"钢筋","points":[{"minute":9,"amount":1},
                                                                                    {"minute":9,"amount":2}]}])"),
             "$.resourceCurves[0].points[1].minute", "expected a whole number of minutes after 9, found 9");

@@ -11,6 +11,8 @@ namespace Host {
 namespace {
 
 const int maxTreeDepth = 64;
+// The largest amount of a resource in use at once; squares of it stay far from overflow.
+const double maxCurveAmount = 1e9;
 
 class ProjectParser {
 public:
@@ -236,7 +238,7 @@ void ProjectParser::curves(const QJsonArray& array, const QString& path, QList<C
                 pointObject, pointPath, "minute", true, 0, after, std::numeric_limits<int>::max(),
                 curve.points.isEmpty() ? QStringLiteral("a whole number of minutes of at least 0")
                                        : QStringLiteral("a whole number of minutes after %1").arg(after - 1));
-            point.amount = r.number(pointObject, pointPath, "amount", true, 0.0, 0.0);
+            point.amount = r.number(pointObject, pointPath, "amount", true, 0.0, 0.0, maxCurveAmount);
             curve.points.append(point);
         }
         out.append(curve);

@@ -1,5 +1,6 @@
 // The schedule file formats: each fixture of tests/data/formats reads to the same project and grades
 // the same as its JSON twin; formats are told by content; broken files give their exact message.
+#include "coursesettings.h"
 #include "projectdump.h"
 
 #include <QtTest>
@@ -51,6 +52,45 @@ private slots:
             dates << QStringLiteral("%1-%2").arg(item.start).arg(item.finish);
         QCOMPARE(dates.join(' '),
                  QStringLiteral("0-2 2-6 6-9 9-11 11-17 13-17 17-20 16-18 17-20 17-20 20-24 24-24"));
+    }
+
+    // A course settings file fills in what the files leave out and renames resources.
+    void settings_data() {
+        QTest::addColumn<QByteArray>("settings");
+        QTest::addColumn<QString>("found"); // scene, time unit, rows, first resource and curve, or the error
+        row("defaults", QByteArray("{}"), QStringLiteral("0 '' 0 Labourer Labourer"));
+        row("scene, Gantt and names",
+            QByteArray(R"({"scene":"Site","gantt":{"timeUnit":"工程周","rowsPerPage":20},
+                          "resourceNames":{" Labourer ":"混凝土工"},"curveLimits":{"labour":2.5},"networkLimit":9})"),
+            QStringLiteral("1 '工程周' 20 混凝土工 混凝土工"));
+        row("unknown scene", QByteArray(R"({"scene":"site"})"),
+            QStringLiteral("s.json: $.scene: expected \"plain\", \"Site\" or \"Twin\", found \"site\""));
+        row("unknown durations", QByteArray(R"({"durations":"days"})"),
+            QStringLiteral("s.json: $.durations: expected \"exact\" or \"weeks\", found \"days\""));
+        row("unknown curve group", QByteArray(R"({"curveLimits":{"steel":1}})"),
+            QStringLiteral("s.json: $.curveLimits.steel: unknown key; expected one of labour, rebar, "
+                           "concrete, formwork"));
+        row("network limit out of range", QByteArray(R"({"networkLimit":0})"),
+            QStringLiteral(
+                "s.json: $.networkLimit: expected a whole number of work items from 1 to 100000, found 0"));
+    }
+
+    void settings() {
+        QFETCH(QByteArray, settings);
+        QFETCH(QString, found);
+        CourseSettings read;
+        ReadError error;
+        if (!readCourseSettingsDocument(settings, QStringLiteral("s.json"), read, error)) {
+            QCOMPARE(error.toString(), found);
+            return;
+        }
+        const ScheduleProject p = TestDump::read(fixture(QStringLiteral("house.json")), read.import).schedule;
+        QCOMPARE(QStringLiteral("%1 '%2' %3 %4 %5")
+                     .arg(p.scene)
+                     .arg(p.gantt.timeUnit)
+                     .arg(p.gantt.rowsPerPage)
+                     .arg(p.resources.value(0).name, p.curves.value(0).name),
+                 found);
     }
 
     // Files that are no project, or that another program must save first.

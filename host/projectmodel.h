@@ -91,6 +91,7 @@ struct ScheduleProject {
     QList<ResourceData> resources;
     QList<CurveData> curves;
     int totalDays = 0; // the latest early finish, computed while reading
+    QStringList warnings; // what the reader noticed but did not refuse (names that occur twice)
 };
 
 // One node of a pricing or building-model tree; each product reads the fields it knows.

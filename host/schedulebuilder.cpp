@@ -57,6 +57,7 @@ private:
     bool indexTasks();
     void markSummaries();
     bool makeWorkItems();
+    void checkNames();
     bool resolveLinks();
     QList<int> carriedLeaves(int task, bool asPredecessor) const;
     bool resolveResources();
@@ -141,6 +142,27 @@ bool Builder::makeWorkItems() {
         out.workItems.append(item);
     }
     return true;
+}
+
+// Work items that share a name are one criterion to the library; they are numbered on request and
+// reported otherwise.
+void Builder::checkNames() {
+    QHash<QString, int> seen;
+    QStringList repeated; // in first-seen order
+    for (WorkItemData& item : out.workItems) {
+        const int count = ++seen[item.name];
+        if (count == 2)
+            repeated << item.name;
+        if (count > 1 && options.dedupeNames)
+            item.name += QStringLiteral(" (%1)").arg(count);
+    }
+    if (options.dedupeNames)
+        return;
+    for (const QString& name : repeated)
+        out.warnings << QStringLiteral(
+                            "the work item name \"%1\" occurs %2 times; --dedupe-names numbers them")
+                            .arg(name)
+                            .arg(seen.value(name));
 }
 
 // The leaves of a summary that a link on it is carried to: as a predecessor, the leaves below it
@@ -344,7 +366,10 @@ bool Builder::run() {
     if (!indexTasks())
         return false;
     markSummaries();
-    if (!makeWorkItems() || !resolveLinks() || !resolveResources() || !resolveDiagram())
+    if (!makeWorkItems())
+        return false;
+    checkNames();
+    if (!resolveLinks() || !resolveResources() || !resolveDiagram())
         return false;
     applyAssignments();
     out.curves = in.curves;

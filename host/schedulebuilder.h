@@ -28,6 +28,7 @@ struct ImportOptions {
     std::optional<QString> timeUnit;
     std::optional<int> rowsPerPage;
     QHash<QString, QString> resourceNames; // a file's resource name -> the name to use
+    bool dedupeNames = false; // number the second and later work items of a name: "Task (2)"
 };
 
 // Longest duration and lag accepted, in working days: keeps sums of them far from overflow.

@@ -93,6 +93,36 @@ private slots:
                  found);
     }
 
+    // Names are tidied before they are compared; names that still collide are reported or numbered.
+    void names_data() {
+        QTest::addColumn<bool>("dedupe");
+        QTest::addColumn<QString>("names");
+        QTest::addColumn<QString>("warnings");
+        row("reported", false, QStringLiteral("Task 1|Task 1|Roof slab|Task 1"),
+            QStringLiteral("the work item name \"Task 1\" occurs 3 times; --dedupe-names numbers them"));
+        row("numbered", true, QStringLiteral("Task 1|Task 1 (2)|Roof slab|Task 1 (3)"), QString());
+    }
+
+    void names() {
+        QFETCH(bool, dedupe);
+        QFETCH(QString, names);
+        QFETCH(QString, warnings);
+        ImportOptions options;
+        options.dedupeNames = dedupe;
+        ProjectFile file;
+        ReadError error;
+        QVERIFY(
+            readProjectDocument(R"({"product":"schedule","workItems":[{"id":1,"name":"Task 1","duration":1},
+            {"id":2,"name":" Task   1 ","duration":1},{"id":3,"name":"Roof\tslab","duration":1},
+            {"id":4,"name":"Task 1","duration":1}]})",
+                                QStringLiteral("n.json"), file, error, options));
+        QStringList found;
+        for (const WorkItemData& item : file.schedule.workItems)
+            found << item.name;
+        QCOMPARE(found.join('|'), names);
+        QCOMPARE(file.schedule.warnings.join('\n'), warnings);
+    }
+
     // Files that are no project, or that another program must save first.
     void unreadable_data() {
         QTest::addColumn<QByteArray>("bytes");

@@ -18,6 +18,10 @@ struct ScoredNode {
     QString remark;
     double full = 0.0;
     double obtained = 0.0;
+    int attributeType = 0; // the kind of criterion (schedule criteria)
+    bool locked = false;   // not judged: worth nothing, its marks shared among the others
+    QString standardValue; // the value of its counterpart in the standard answer
+    QString note;          // the grader's explanation where the library left no remark
     QList<ScoredNode> items;
 
     // Marks were lost here: less than the full marks, or a deduction.

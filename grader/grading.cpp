@@ -1,6 +1,7 @@
 #include "grading.h"
 
 #include "projectreader.h"
+#include "scoredtree.h"
 #include "schedulecategories.h"
 #include "treebuilder.h"
 
@@ -9,36 +10,11 @@
 #include "qmarkcategoryvirtual.h"
 #include "qratingitembase.h"
 
-#include <QSet>
-
 #include <memory>
 
 namespace Grade {
 
 namespace {
-
-const int maxTreeDepth = 64;
-
-ScoredNode copyNode(QRatingItemVirtual* item, int depth, QSet<QRatingItemVirtual*>& seen) {
-    ScoredNode node;
-    node.name = item->GetRatingItemName();
-    node.value = item->GetRatingItemValue();
-    node.remark = item->GetRatingItemRemark();
-    node.full = item->GetRatingItemScoreStd();
-    node.obtained = item->GetRatingItemScore();
-    if (depth >= maxTreeDepth)
-        return node;
-    QList<void*> children;
-    item->GetRatingItemList(children);
-    for (void* pointer : children) {
-        QRatingItemVirtual* child = MarkPointer::item(pointer);
-        if (!child || seen.contains(child))
-            continue;
-        seen.insert(child);
-        node.items.append(copyNode(child, depth + 1, seen));
-    }
-    return node;
-}
 
 QString productTitle(int product) {
     return product == Host::Shape ? QStringLiteral("Shape building model")
@@ -71,7 +47,7 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
             standardCategory->AssignScore(category.full);
             category.obtained = candidateCategory->ExecuteDBScore(standardCategory);
             if (QRatingItemVirtual* root = MarkPointer::item(candidateCategory->GetRatingItemPtr()))
-                category.tree = copyTree(root);
+                category.tree = copyTree(root, MarkPointer::item(standardCategory->GetRatingItemPtr()));
             if (category.tree.name.isEmpty())
                 category.tree.name = category.title;
         }
@@ -99,7 +75,7 @@ void gradeTree(const Host::ProjectFile& standard, const Host::ProjectFile& candi
     } else {
         Host::assignFullMarks(standardRoot.get(), standard.product, category.full);
         category.obtained = candidateRoot->ExecuteDBScore(MarkPointer::fromItem(standardRoot.get()), 1);
-        category.tree = copyTree(candidateRoot.get());
+        category.tree = copyTree(candidateRoot.get(), standardRoot.get());
         if (category.tree.name.isEmpty())
             category.tree.name = category.title;
     }
@@ -124,13 +100,6 @@ double CandidateResult::obtained() const {
     return sum;
 }
 
-ScoredNode copyTree(QRatingItemVirtual* root) {
-    if (!root)
-        return ScoredNode();
-    QSet<QRatingItemVirtual*> seen{root};
-    return copyNode(root, 0, seen);
-}
-
 CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::ProjectFile& candidate,
                              const Marks& marks) {
     CandidateResult result;
@@ -145,6 +114,8 @@ CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::Proj
         gradeSchedule(standard, candidate, marks, result);
     else
         gradeTree(standard, candidate, marks, result);
+    for (CategoryResult& category : result.categories)
+        explainLosses(category.tree);
     result.graded = true;
     return result;
 }

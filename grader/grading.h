@@ -8,8 +8,6 @@
 #include "marks.h"
 #include "projectmodel.h"
 
-class QRatingItemVirtual;
-
 namespace Grade {
 
 CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::ProjectFile& candidate,
@@ -17,9 +15,6 @@ CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::Proj
 // Reads the candidate file first; a file that cannot be read gives an ungraded result with the error.
 CandidateResult gradeFile(const Host::ProjectFile& standard, const QString& candidatePath,
                           const Marks& marks);
-
-// Copies a scored tree out of the library.
-ScoredNode copyTree(QRatingItemVirtual* root);
 
 } // namespace Grade
 

@@ -53,18 +53,27 @@ private slots:
         QTest::addColumn<double>("obtained");
         QTest::addColumn<QString>("remark");
         QTest::addColumn<QString>("value"); // null: not checked
+        QTest::addColumn<QString>("note");  // the grader's explanation where the remark is empty
         // Integrity: 30 names at 0.5; a surplus one costs its share.
-        row("missing work item", 1, QString("基坑支护"), 0.0, QString("缺少评分项，不得分"), QString());
-        row("extra work item", 1, QString("安全文明施工"), -0.5, QString("存在多余评分项，扣分"), QString());
+        row("missing work item", 1, QString("基坑支护"), 0.0, QString("缺少评分项，不得分"), QString(),
+            QString());
+        row("extra work item", 1, QString("安全文明施工"), -0.5, QString("存在多余评分项，扣分"), QString(),
+            QString());
         // Attributes: 12 days are no whole number of weeks.
-        row("wrong duration", 2, QString("土方开挖 > 持续时间"), 0.0, QString(), QString("12"));
+        row("wrong duration", 2, QString("土方开挖 > 持续时间"), 0.0, QString(), QString("12"),
+            QString("duration 12 天 is not a whole number of weeks (a multiple of 7 days)"));
+        row("attributes lost below", 2, QString("土方开挖"), 16.0 / 27, QString(), QString(),
+            QString("marks lost in 持续时间"));
+        // Logic: the chain that is missing is named.
+        row("missing logic", 3, QString("二层柱钢筋"), 0.0, QString(), QString(),
+            QString("missing logic 一层梁板混凝土→二层柱钢筋"));
         // Principles: the lost link leaves node 18 a dead end and starts a chain at node 32.
         row("broken logic chain", 7, QString("线路完整性"), 0.0, QString("断开处节点编号：18、32"),
-            QString("有线路断开"));
+            QString("有线路断开"), QString());
         row("missing resource curve", 4, QString("模板工/木工曲线图"), 0.0, QString("缺少\"模板工\"资源曲线"),
-            QString("不存在"));
+            QString("不存在"), QString());
         row("too few rows per page", 5, QString("横道图完整性显示"), 0.0,
-            QString("横道图分页显示行数设置不够，不得分"), QString("20"));
+            QString("横道图分页显示行数设置不够，不得分"), QString("20"), QString());
     }
 
     void plantedMistakes() {
@@ -73,6 +82,7 @@ private slots:
         QFETCH(double, obtained);
         QFETCH(QString, remark);
         QFETCH(QString, value);
+        QFETCH(QString, note);
         const ScoredNode* node = &m_schedule.categories[type - 1].tree;
         for (const QString& name : path.split(QStringLiteral(" > "))) {
             const auto next = std::find_if(node->items.cbegin(), node->items.cend(),
@@ -84,6 +94,23 @@ private slots:
         QCOMPARE(node->remark, remark);
         if (!value.isNull())
             QCOMPARE(node->value, value);
+        QCOMPARE(node->note, note);
+    }
+
+    // Whoever reads a report learns why each mark was lost: from the remark, or else from the note.
+    void everyLossExplained() {
+        QStringList unexplained;
+        const std::function<void(const ScoredNode&, const QString&)> walk = [&](const ScoredNode& n,
+                                                                                const QString& path) {
+            if (n.lost() && n.remark.isEmpty() && n.note.isEmpty())
+                unexplained << path + n.name;
+            for (const ScoredNode& child : n.items)
+                walk(child, path + n.name + " > ");
+        };
+        for (const char* product : {"schedule", "pricing", "model"})
+            for (const CategoryResult& category : gradeSample(product).categories)
+                walk(category.tree, QString());
+        QCOMPARE(unexplained, QStringList());
     }
 
     void totals_data() {

@@ -2,6 +2,7 @@
 
 #include "formats/filesignature.h"
 #include "formats/jsonformat.h"
+#include "formats/mspdiformat.h"
 
 #include <QFile>
 #include <QHash>
@@ -18,7 +19,7 @@ struct ScheduleFormat {
 };
 
 const ScheduleFormat scheduleFormats[] = {
-    {"", nullptr, nullptr}, // (formats are listed here as they are added)
+    {"MS Project XML", isMsProjectXml, readMsProjectXml},
 };
 
 const int headShown = 40; // characters of an unrecognised file shown in its message

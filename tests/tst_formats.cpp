@@ -1,5 +1,7 @@
 // The schedule file formats: each fixture of tests/data/formats reads to the same project and grades
 // the same as its JSON twin; formats are told by content; broken files give their exact message.
+#include "formats/filesignature.h"
+#include "formats/mspdiformat.h"
 #include "projectdump.h"
 
 #include <QtTest>
@@ -16,6 +18,43 @@ template <typename... Cells> void row(const char* tag, const Cells&... cells) {
     (QTest::newRow(tag) << ... << cells);
 }
 
+QByteArray fixtureBytes(const QString& name) {
+    QFile file(fixture(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A fixture with one change: the first occurrence of `from` replaced by `to`.
+QByteArray changed(const QString& name, const QByteArray& from, const QByteArray& to) {
+    QByteArray bytes = fixtureBytes(name);
+    const int at = bytes.indexOf(from);
+    return at < 0 ? QByteArray() : bytes.replace(at, from.size(), to);
+}
+
+// The names of the XML formats that claim the bytes.
+QString claimedBy(const QByteArray& bytes) {
+    const FileSignature file = FileSignature::of(bytes);
+    QStringList names;
+    if (isMsProjectXml(file))
+        names << QStringLiteral("MS Project XML");
+    return names.join(QStringLiteral(", "));
+}
+
+// One side of a parsed schedule, as a line of text.
+QString aspect(const ScheduleProject& p, const QString& what) {
+    QStringList parts;
+    for (const WorkItemData& item : p.workItems) {
+        if (what == QLatin1String("durations"))
+            parts << QString::number(item.duration);
+        for (const LinkData& link : item.links)
+            if (what == QLatin1String("links") && (link.type != LinkType::FinishToStart || link.lagDays != 0))
+                parts << item.name + QStringLiteral(" after ") + TestDump::linkText(link, p.workItems);
+    }
+    if (what == QLatin1String("totals"))
+        for (const ResourceData& resource : p.resources)
+            parts << resource.name + QLatin1Char('=') + QString::number(resource.plannedTotal);
+    return parts.join(QStringLiteral("; "));
+}
+
 } // namespace
 
 class TestFormats : public QObject {
@@ -26,6 +65,7 @@ private slots:
     void sameAsTwin_data() {
         QTest::addColumn<QString>("file");
         row("json twin itself", QStringLiteral("house.json"));
+        row("MS Project XML", QStringLiteral("house.xml"));
     }
 
     void sameAsTwin() {
@@ -78,6 +118,122 @@ private slots:
         ReadError error;
         QVERIFY(!readProjectDocument(bytes, QStringLiteral("f"), file, error));
         QCOMPARE(error.toString(), message);
+    }
+
+    // Each XML format by its root element, its namespace and its attributes alone.
+    void toldByContent_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("format");
+        row("MSPDI", fixtureBytes(QStringLiteral("house.xml")), QStringLiteral("MS Project XML"));
+        row("Project without the MS namespace", QByteArray("<Project><Tasks/></Project>"), QString());
+    }
+
+    void toldByContent() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, format);
+        QCOMPARE(claimedBy(bytes), format);
+    }
+
+    // One mistake in a fixture and the message it gives: the reader's own, an XML error with its
+    // line and column, or the finishing step's at the place the reader remembered.
+    void broken_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QByteArray>("from");
+        QTest::addColumn<QByteArray>("to");
+        QTest::addColumn<QString>("message");
+        const QString xml = QStringLiteral("house.xml");
+        row("MSPDI duration", xml, QByteArray("<Duration>PT32H0M0S"), QByteArray("<Duration>P3X"),
+            QStringLiteral("f: line 132, column 13 (Project/Tasks/Task/Duration): expected an ISO 8601 "
+                           "duration like PT8H0M0S, found \"P3X\""));
+        row("MSPDI unknown predecessor", xml, QByteArray("<PredecessorUID>20<"),
+            QByteArray("<PredecessorUID>99<"),
+            QStringLiteral("f: line 205, column 20 (Project/Tasks/Task/PredecessorLink): expected the id of "
+                           "a task, found 99, which no task has"));
+        row("MSPDI cycle", xml, QByteArray("<PredecessorUID>1<"), QByteArray("<PredecessorUID>11<"),
+            QStringLiteral(
+                "f: line 100, column 8 (Project/Tasks): expected predecessors without a cycle, found the "
+                "cycle Excavation → Footings → Ground slab → Walls → Electrical → Finishes → Excavation"));
+        row("MSPDI unclosed element", xml, QByteArray("</Project>"), QByteArray(),
+            QStringLiteral("f: line 484, column 0 (Project): expected well-formed XML, found an error: "
+                           "Premature end of document."));
+        row("MSPDI link type", xml, QByteArray("<Type>3</Type>"), QByteArray("<Type>4</Type>"),
+            QStringLiteral("f: line 226, column 10 (Project/Tasks/Task/PredecessorLink/Type): expected a "
+                           "link type 0 (FF), 1 (FS), 2 (SF) or 3 (SS), found \"4\""));
+        row("MSPDI lag format", xml, QByteArray("<LagFormat>7<"), QByteArray("<LagFormat>13<"),
+            QStringLiteral("f: line 141, column 15 (Project/Tasks/Task/PredecessorLink/LagFormat): expected "
+                           "a lag format code (3 to 12, 19 to 21, 35 to 44 or 51 to 53), found \"13\""));
+        row("MSPDI day length", xml, QByteArray("<MinutesPerDay>480<"), QByteArray("<MinutesPerDay>0<"),
+            QStringLiteral("f: line 8, column 16 (Project/MinutesPerDay): expected a number of minutes from "
+                           "1 to 1440, found \"0\""));
+        row("MSPDI unknown resource", xml, QByteArray("<ResourceUID>2<"), QByteArray("<ResourceUID>7<"),
+            QStringLiteral("f: line 412, column 14 (Project/Assignments/Assignment): expected the id of a "
+                           "resource, found 7, which no resource has"));
+        row("MSPDI nesting", xml, QByteArray("<Tasks>"),
+            QByteArray("<Tasks>") + QByteArray("<x>").repeated(130) + QByteArray("</x>").repeated(130),
+            QStringLiteral("f: line 100, column 389 (Project/Tasks/x/x/…/x/x/x/x): expected at most 128 "
+                           "levels of elements"));
+    }
+
+    void broken() {
+        QFETCH(QString, file);
+        QFETCH(QByteArray, from);
+        QFETCH(QByteArray, to);
+        QFETCH(QString, message);
+        const QByteArray bytes = changed(file, from, to);
+        QVERIFY2(!bytes.isEmpty(), "the fixture has no such text");
+        ProjectFile project;
+        ReadError error;
+        QVERIFY(!readProjectDocument(bytes, QStringLiteral("f"), project, error));
+        QCOMPARE(error.toString(), message);
+    }
+
+    // What each format states its own way: units of durations and lags, colours, amounts.
+    void details_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QByteArray>("from");
+        QTest::addColumn<QByteArray>("to");
+        QTest::addColumn<QString>("what");
+        QTest::addColumn<QString>("expected");
+        const QString xml = QStringLiteral("house.xml");
+        const QString halfDays = QStringLiteral("4; 8; 6; 4; 12; 8; 6; 4; 6; 6; 8; 0");
+        row("MSPDI day of 240 minutes", xml, QByteArray("<MinutesPerDay>480<"),
+            QByteArray("<MinutesPerDay>240<"), QStringLiteral("durations"), halfDays);
+        row("MSPDI working lag at 240 minutes", xml, QByteArray("<MinutesPerDay>480<"),
+            QByteArray("<MinutesPerDay>240<"), QStringLiteral("links"),
+            QStringLiteral("Roof structure after Walls SS+4; Windows after Walls FF+2"));
+        row("MSPDI percent lag", xml, QByteArray("<LinkLag>9600</LinkLag>\n\t\t\t\t<LagFormat>7<"),
+            QByteArray("<LinkLag>50</LinkLag>\n\t\t\t\t<LagFormat>19<"), QStringLiteral("links"),
+            QStringLiteral("Roof structure after Walls SS+3; Windows after Walls FF+1"));
+        row("MSPDI elapsed lag", xml, QByteArray("<LinkLag>9600</LinkLag>\n\t\t\t\t<LagFormat>7<"),
+            QByteArray("<LinkLag>43200</LinkLag>\n\t\t\t\t<LagFormat>8<"), QStringLiteral("links"),
+            QStringLiteral("Roof structure after Walls SS+3; Windows after Walls FF+1"));
+        row("MSPDI estimated elapsed lag", xml, QByteArray("<LinkLag>9600</LinkLag>\n\t\t\t\t<LagFormat>7<"),
+            QByteArray("<LinkLag>43200</LinkLag>\n\t\t\t\t<LagFormat>40<"), QStringLiteral("links"),
+            QStringLiteral("Roof structure after Walls SS+3; Windows after Walls FF+1"));
+        row("MSPDI link to another project", xml,
+            QByteArray("<CrossProject>0</CrossProject>\n\t\t\t\t<LinkLag>4800"),
+            QByteArray("<CrossProject>1</CrossProject>\n\t\t\t\t<LinkLag>4800"), QStringLiteral("links"),
+            QStringLiteral("Roof structure after Walls SS+2"));
+        row("MSPDI work states the total", xml, QByteArray("<Work>PT32H0M0S"), QByteArray("<Work>PT40H0M0S"),
+            QStringLiteral("totals"), QStringLiteral("Labourer=31; Carpenter=34"));
+        row("MSPDI material resource", xml, QByteArray("<Name>Carpenter</Name>\n\t\t\t<Type>1<"),
+            QByteArray("<Name>Carpenter</Name>\n\t\t\t<Type>0<"), QStringLiteral("totals"),
+            QStringLiteral("Labourer=30; Carpenter=8"));
+    }
+
+    void details() {
+        QFETCH(QString, file);
+        QFETCH(QByteArray, from);
+        QFETCH(QByteArray, to);
+        QFETCH(QString, what);
+        QFETCH(QString, expected);
+        const QByteArray bytes = changed(file, from, to);
+        QVERIFY2(!bytes.isEmpty(), "the fixture has no such text");
+        ProjectFile project;
+        ReadError error;
+        QVERIFY2(readProjectDocument(bytes, QStringLiteral("f"), project, error),
+                 qPrintable(error.toString()));
+        QCOMPARE(aspect(project.schedule, what), expected);
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include "formats/filesignature.h"
 #include "formats/jsonformat.h"
+#include "formats/ganformat.h"
 #include "formats/mspdiformat.h"
 
 #include <QFile>
@@ -20,6 +21,7 @@ struct ScheduleFormat {
 
 const ScheduleFormat scheduleFormats[] = {
     {"MS Project XML", isMsProjectXml, readMsProjectXml},
+    {"GanttProject", isGanttProject, readGanttProject},
 };
 
 const int headShown = 40; // characters of an unrecognised file shown in its message

@@ -1,9 +1,11 @@
 // The schedule file formats: each fixture of tests/data/formats reads to the same project and grades
 // the same as its JSON twin; formats are told by content; broken files give their exact message.
 #include "formats/filesignature.h"
+#include "formats/ganformat.h"
 #include "formats/mspdiformat.h"
 #include "projectdump.h"
 
+#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace Host;
@@ -36,6 +38,8 @@ QString claimedBy(const QByteArray& bytes) {
     QStringList names;
     if (isMsProjectXml(file))
         names << QStringLiteral("MS Project XML");
+    if (isGanttProject(file))
+        names << QStringLiteral("GanttProject");
     return names.join(QStringLiteral(", "));
 }
 
@@ -45,6 +49,10 @@ QString aspect(const ScheduleProject& p, const QString& what) {
     for (const WorkItemData& item : p.workItems) {
         if (what == QLatin1String("durations"))
             parts << QString::number(item.duration);
+        else if (what == QLatin1String("colours") && !item.color.isEmpty())
+            parts << item.name + QLatin1Char('=') + item.color;
+        else if (what == QLatin1String("crews") && !item.crew.isEmpty())
+            parts << item.name + QLatin1Char('=') + item.crew + QLatin1Char('/') + item.labourIntensity;
         for (const LinkData& link : item.links)
             if (what == QLatin1String("links") && (link.type != LinkType::FinishToStart || link.lagDays != 0))
                 parts << item.name + QStringLiteral(" after ") + TestDump::linkText(link, p.workItems);
@@ -66,6 +74,19 @@ private slots:
         QTest::addColumn<QString>("file");
         row("json twin itself", QStringLiteral("house.json"));
         row("MS Project XML", QStringLiteral("house.xml"));
+        row("GanttProject", QStringLiteral("house.gan"));
+    }
+
+    // The name of a file says nothing: a GanttProject file saved as .xml is read as GanttProject.
+    void sameAsTwinUnderAnotherName() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("house.xml"));
+        QFile copy(path);
+        QVERIFY(copy.open(QIODevice::WriteOnly));
+        copy.write(fixtureBytes(QStringLiteral("house.gan")));
+        copy.close();
+        QCOMPARE(TestDump::schedule(TestDump::read(path).schedule),
+                 TestDump::schedule(TestDump::read(fixture(QStringLiteral("house.json"))).schedule));
     }
 
     void sameAsTwin() {
@@ -125,7 +146,14 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("format");
         row("MSPDI", fixtureBytes(QStringLiteral("house.xml")), QStringLiteral("MS Project XML"));
+        row("GanttProject", fixtureBytes(QStringLiteral("house.gan")), QStringLiteral("GanttProject"));
+        row("GanttProject with a byte-order mark", QByteArray("\xEF\xBB\xBF<project version=\"3.3\"/>"),
+            QStringLiteral("GanttProject"));
         row("Project without the MS namespace", QByteArray("<Project><Tasks/></Project>"), QString());
+        row("an Ant build file", QByteArray("<project name=\"x\" default=\"jar\" basedir=\".\"/>"),
+            QString());
+        row("a Maven POM", QByteArray("<project xmlns=\"http://maven.apache.org/POM/4.0.0\" version=\"4\"/>"),
+            QString());
     }
 
     void toldByContent() {
@@ -142,6 +170,7 @@ private slots:
         QTest::addColumn<QByteArray>("to");
         QTest::addColumn<QString>("message");
         const QString xml = QStringLiteral("house.xml");
+        const QString gan = QStringLiteral("house.gan");
         row("MSPDI duration", xml, QByteArray("<Duration>PT32H0M0S"), QByteArray("<Duration>P3X"),
             QStringLiteral("f: line 132, column 13 (Project/Tasks/Task/Duration): expected an ISO 8601 "
                            "duration like PT8H0M0S, found \"P3X\""));
@@ -172,6 +201,27 @@ private slots:
             QByteArray("<Tasks>") + QByteArray("<x>").repeated(130) + QByteArray("</x>").repeated(130),
             QStringLiteral("f: line 100, column 389 (Project/Tasks/x/x/…/x/x/x/x): expected at most 128 "
                            "levels of elements"));
+        row("GanttProject depend type", gan, QByteArray("type=\"3\""), QByteArray("type=\"5\""),
+            QStringLiteral("f: line 46, column 70 (project/tasks/task/depend/@type): expected a dependency "
+                           "type 1 (SS), 2 (FS), 3 (FF) or 4 (SF), found \"5\""));
+        row("GanttProject unknown successor", gan, QByteArray("<depend id=\"7\""),
+            QByteArray("<depend id=\"70\""),
+            QStringLiteral("f: line 51, column 71 (project/tasks/task/depend): expected the id of a task, "
+                           "found 70, which no task has"));
+        row("GanttProject duration", gan, QByteArray("duration=\"4\""), QByteArray("duration=\"four\""),
+            QStringLiteral("f: line 33, column 117 (project/tasks/task/@duration): expected a duration in "
+                           "days from 0 to 1000000, found \"four\""));
+        row("GanttProject tag mismatch", gan, QByteArray("</tasks>"), QByteArray("</task>"),
+            QStringLiteral("f: line 69, column 11 (project/tasks): expected well-formed XML, found an error: "
+                           "Opening and ending tag mismatch."));
+        row("GanttProject unknown resource", gan, QByteArray("task-id=\"5\" resource-id=\"1\""),
+            QByteArray("task-id=\"5\" resource-id=\"9\""),
+            QStringLiteral("f: line 79, column 102 (project/allocations/allocation): expected the id of a "
+                           "resource, found 9, which no resource has"));
+        row("GanttProject load", gan, QByteArray("load=\"300.0\""), QByteArray("load=\"-1\""),
+            QStringLiteral(
+                "f: line 76, column 99 (project/allocations/allocation/@load): expected a share in "
+                "percent from 0 to 100000000, found \"-1\""));
     }
 
     void broken() {
@@ -195,6 +245,7 @@ private slots:
         QTest::addColumn<QString>("what");
         QTest::addColumn<QString>("expected");
         const QString xml = QStringLiteral("house.xml");
+        const QString gan = QStringLiteral("house.gan");
         const QString halfDays = QStringLiteral("4; 8; 6; 4; 12; 8; 6; 4; 6; 6; 8; 0");
         row("MSPDI day of 240 minutes", xml, QByteArray("<MinutesPerDay>480<"),
             QByteArray("<MinutesPerDay>240<"), QStringLiteral("durations"), halfDays);
@@ -219,6 +270,14 @@ private slots:
         row("MSPDI material resource", xml, QByteArray("<Name>Carpenter</Name>\n\t\t\t<Type>1<"),
             QByteArray("<Name>Carpenter</Name>\n\t\t\t<Type>0<"), QStringLiteral("totals"),
             QStringLiteral("Labourer=30; Carpenter=8"));
+        row("GanttProject colour", gan, QByteArray("name=\"Site clearing\""),
+            QByteArray("name=\"Site clearing\" color=\"#99ccff\""), QStringLiteral("colours"),
+            QStringLiteral("Site clearing=153,204,255"));
+        row("GanttProject start to finish", gan, QByteArray("type=\"3\""), QByteArray("type=\"4\""),
+            QStringLiteral("links"),
+            QStringLiteral("Roof structure after Walls SS+2; Windows after Walls SF+1"));
+        row("GanttProject load", gan, QByteArray("load=\"200.0\""), QByteArray("load=\"250.0\""),
+            QStringLiteral("totals"), QStringLiteral("Labourer=31; Carpenter=34"));
     }
 
     void details() {

@@ -167,6 +167,23 @@ bool XmlCursor::numberAttribute(const char* name, double minimum, double maximum
     return !hasAttribute(name) || number(attribute(name), where(name), minimum, maximum, expected, out);
 }
 
+void readAllocations(XmlCursor& cursor, const char* percent, QList<ImportedAssignment>& out) {
+    const double maxPercent = 1.0e8;
+    cursor.each("allocation", [&] {
+        ImportedAssignment assignment;
+        double share = 100.0;
+        assignment.where = cursor.where();
+        if (cursor.idAttribute("task-id", assignment.task) &&
+            cursor.idAttribute("resource-id", assignment.resource) &&
+            cursor.numberAttribute(percent, 0.0, maxPercent,
+                                   QStringLiteral("a share in percent from 0 to 100000000"), share)) {
+            assignment.unitsPerDay = share / 100.0;
+            out.append(assignment);
+        }
+        cursor.skip();
+    });
+}
+
 bool isTrue(const QString& text) {
     const QString trimmed = text.trimmed();
     return trimmed == QLatin1String("1") || trimmed.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0;

@@ -4,6 +4,7 @@
 #ifndef XMLSUPPORT_H
 #define XMLSUPPORT_H
 
+#include "importedschedule.h"
 #include "readerror.h"
 
 #include <QByteArray>
@@ -73,6 +74,11 @@ private:
     QStringList m_path;
     ReadError& m_error;
 };
+
+// The entered <allocations> element of GanttProject (percent: "load") or Planner ("units"): each
+// <allocation task-id="1" resource-id="2" units="200"/> gives the resource's share of the task in
+// percent of a worker's day, 100 when not given.
+void readAllocations(XmlCursor& cursor, const char* percent, QList<ImportedAssignment>& out);
 
 // "yes"/"no" flags as the formats write them: "1"/"0" or "true"/"false".
 bool isTrue(const QString& text);

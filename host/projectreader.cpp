@@ -4,6 +4,7 @@
 #include "formats/jsonformat.h"
 #include "formats/ganformat.h"
 #include "formats/mspdiformat.h"
+#include "formats/plannerformat.h"
 
 #include <QFile>
 #include <QHash>
@@ -22,6 +23,7 @@ struct ScheduleFormat {
 const ScheduleFormat scheduleFormats[] = {
     {"MS Project XML", isMsProjectXml, readMsProjectXml},
     {"GanttProject", isGanttProject, readGanttProject},
+    {"GNOME Planner", isPlanner, readPlanner},
 };
 
 const int headShown = 40; // characters of an unrecognised file shown in its message

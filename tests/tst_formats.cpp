@@ -3,6 +3,7 @@
 #include "formats/filesignature.h"
 #include "formats/ganformat.h"
 #include "formats/mspdiformat.h"
+#include "formats/plannerformat.h"
 #include "projectdump.h"
 
 #include <QTemporaryDir>
@@ -40,6 +41,8 @@ QString claimedBy(const QByteArray& bytes) {
         names << QStringLiteral("MS Project XML");
     if (isGanttProject(file))
         names << QStringLiteral("GanttProject");
+    if (isPlanner(file))
+        names << QStringLiteral("GNOME Planner");
     return names.join(QStringLiteral(", "));
 }
 
@@ -75,6 +78,7 @@ private slots:
         row("json twin itself", QStringLiteral("house.json"));
         row("MS Project XML", QStringLiteral("house.xml"));
         row("GanttProject", QStringLiteral("house.gan"));
+        row("GNOME Planner", QStringLiteral("house.planner"));
     }
 
     // The name of a file says nothing: a GanttProject file saved as .xml is read as GanttProject.
@@ -147,6 +151,7 @@ private slots:
         QTest::addColumn<QString>("format");
         row("MSPDI", fixtureBytes(QStringLiteral("house.xml")), QStringLiteral("MS Project XML"));
         row("GanttProject", fixtureBytes(QStringLiteral("house.gan")), QStringLiteral("GanttProject"));
+        row("Planner", fixtureBytes(QStringLiteral("house.planner")), QStringLiteral("GNOME Planner"));
         row("GanttProject with a byte-order mark", QByteArray("\xEF\xBB\xBF<project version=\"3.3\"/>"),
             QStringLiteral("GanttProject"));
         row("Project without the MS namespace", QByteArray("<Project><Tasks/></Project>"), QString());
@@ -171,6 +176,7 @@ private slots:
         QTest::addColumn<QString>("message");
         const QString xml = QStringLiteral("house.xml");
         const QString gan = QStringLiteral("house.gan");
+        const QString planner = QStringLiteral("house.planner");
         row("MSPDI duration", xml, QByteArray("<Duration>PT32H0M0S"), QByteArray("<Duration>P3X"),
             QStringLiteral("f: line 132, column 13 (Project/Tasks/Task/Duration): expected an ISO 8601 "
                            "duration like PT8H0M0S, found \"P3X\""));
@@ -222,6 +228,31 @@ private slots:
             QStringLiteral(
                 "f: line 76, column 99 (project/allocations/allocation/@load): expected a share in "
                 "percent from 0 to 100000000, found \"-1\""));
+        row("Planner link type", planner, QByteArray("type=\"FF\""), QByteArray("type=\"XX\""),
+            QStringLiteral("f: line 62, column 70 (project/tasks/task/predecessors/predecessor/@type): "
+                           "expected FS, SS, FF or SF, found \"XX\""));
+        row("Planner unknown predecessor", planner, QByteArray("predecessor-id=\"6\""),
+            QByteArray("predecessor-id=\"66\""),
+            QStringLiteral("f: line 57, column 59 (project/tasks/task/predecessors/predecessor): expected "
+                           "the id of a task, found 66, which no task has"));
+        row("Planner interval", planner, QByteArray("start=\"0700\""), QByteArray("start=\"7am\""),
+            QStringLiteral("f: line 15, column 44 "
+                           "(project/calendars/calendar/overridden-day-types/overridden-day-type/interval/"
+                           "@start): expected a time of day like 0800, found \"7am\""));
+        row("Planner neither duration nor work", planner, QByteArray("work=\"115200\" duration=\"57600\""),
+            QByteArray(),
+            QStringLiteral("f: line 28, column 198 (project/tasks/task): expected a duration or work in "
+                           "seconds, found neither"));
+        row("Planner milestone", planner, QByteArray("type=\"milestone\""), QByteArray("type=\"mile\""),
+            QStringLiteral("f: line 83, column 216 (project/tasks/task/@type): expected \"normal\" or "
+                           "\"milestone\", found \"mile\""));
+        row("Planner resource type", planner, QByteArray("type=\"1\" units"), QByteArray("type=\"3\" units"),
+            QStringLiteral("f: line 91, column 104 (project/resources/resource/@type): expected a resource "
+                           "type 1 (work) or 2 (material), found \"3\""));
+        row("Planner bare ampersand", planner, QByteArray("name=\"Roofing\""),
+            QByteArray("name=\"Roofing & tiles\""),
+            QStringLiteral("f: line 55, column 33 (project/tasks): expected well-formed XML, found an error: "
+                           "Expected '#' or '[a-zA-Z]', but got ' '."));
     }
 
     void broken() {
@@ -246,6 +277,7 @@ private slots:
         QTest::addColumn<QString>("expected");
         const QString xml = QStringLiteral("house.xml");
         const QString gan = QStringLiteral("house.gan");
+        const QString planner = QStringLiteral("house.planner");
         const QString halfDays = QStringLiteral("4; 8; 6; 4; 12; 8; 6; 4; 6; 6; 8; 0");
         row("MSPDI day of 240 minutes", xml, QByteArray("<MinutesPerDay>480<"),
             QByteArray("<MinutesPerDay>240<"), QStringLiteral("durations"), halfDays);
@@ -278,6 +310,23 @@ private slots:
             QStringLiteral("Roof structure after Walls SS+2; Windows after Walls SF+1"));
         row("GanttProject load", gan, QByteArray("load=\"200.0\""), QByteArray("load=\"250.0\""),
             QStringLiteral("totals"), QStringLiteral("Labourer=31; Carpenter=34"));
+        row("Planner day of 4 hours", planner,
+            QByteArray(
+                "<interval start=\"0700\" end=\"1130\"/>\n          <interval start=\"1230\" end=\"1600\"/>"),
+            QByteArray("<interval start=\"0800\" end=\"1200\"/>"), QStringLiteral("durations"), halfDays);
+        row("Planner lags in calendar time", planner,
+            QByteArray(
+                "<interval start=\"0700\" end=\"1130\"/>\n          <interval start=\"1230\" end=\"1600\"/>"),
+            QByteArray("<interval start=\"0800\" end=\"1200\"/>"), QStringLiteral("links"),
+            QStringLiteral("Roof structure after Walls SS+2; Windows after Walls FF+1"));
+        row("Planner lag in seconds", planner, QByteArray("lag=\"172800\""), QByteArray("lag=\"259200\""),
+            QStringLiteral("links"),
+            QStringLiteral("Roof structure after Walls SS+3; Windows after Walls FF+1"));
+        row("Planner material resource", planner,
+            QByteArray("name=\"Carpenter\" short-name=\"CAR\" type=\"1\""),
+            QByteArray("name=\"Carpenter\" short-name=\"CAR\" type=\"2\""), QStringLiteral("crews"),
+            QStringLiteral("Site clearing=Labourer/2; Excavation=Labourer/3; Ground slab=Labourer/2; "
+                           "Roofing=Labourer/2; Finishes=Labourer/1"));
     }
 
     void details() {

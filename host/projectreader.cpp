@@ -2,6 +2,9 @@
 
 #include "formats/filesignature.h"
 #include "formats/jsonformat.h"
+#include "formats/ganformat.h"
+#include "formats/mspdiformat.h"
+#include "formats/plannerformat.h"
 
 #include <QFile>
 #include <QHash>
@@ -18,7 +21,9 @@ struct ScheduleFormat {
 };
 
 const ScheduleFormat scheduleFormats[] = {
-    {"", nullptr, nullptr}, // (formats are listed here as they are added)
+    {"MS Project XML", isMsProjectXml, readMsProjectXml},
+    {"GanttProject", isGanttProject, readGanttProject},
+    {"GNOME Planner", isPlanner, readPlanner},
 };
 
 const int headShown = 40; // characters of an unrecognised file shown in its message

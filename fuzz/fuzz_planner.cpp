@@ -1,0 +1,10 @@
+// Fuzz target for the GNOME Planner reader: the input is a whole file, seeded with house.planner.
+#include "fuzz_document.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    return FuzzDocument::read(data, size);
+}
+
+QList<QByteArray> fuzzSeeds() {
+    return FuzzDocument::fixtures({"house.planner"});
+}

@@ -2,6 +2,7 @@
 
 #include "formats/filesignature.h"
 #include "formats/jsonformat.h"
+#include "formats/xerformat.h"
 
 #include <QFile>
 #include <QHash>
@@ -19,6 +20,7 @@ struct ScheduleFormat {
 
 const ScheduleFormat scheduleFormats[] = {
     {"", nullptr, nullptr}, // (formats are listed here as they are added)
+    {"Primavera P6 XER", isPrimaveraXer, readPrimaveraXer},
 };
 
 const int headShown = 40; // characters of an unrecognised file shown in its message

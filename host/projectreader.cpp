@@ -2,6 +2,7 @@
 
 #include "formats/filesignature.h"
 #include "formats/jsonformat.h"
+#include "formats/mpxformat.h"
 #include "formats/xerformat.h"
 
 #include <QFile>
@@ -21,6 +22,7 @@ struct ScheduleFormat {
 const ScheduleFormat scheduleFormats[] = {
     {"", nullptr, nullptr}, // (formats are listed here as they are added)
     {"Primavera P6 XER", isPrimaveraXer, readPrimaveraXer},
+    {"MPX", isMpx, readMpx},
 };
 
 const int headShown = 40; // characters of an unrecognised file shown in its message

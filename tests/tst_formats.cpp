@@ -29,6 +29,12 @@ QByteArray xer(const QStringList& lines) {
 const QString xerTasks =
     QStringLiteral("%T\tTASK\n%F\ttask_id\ttask_name\ttask_type\ttarget_drtn_hr_cnt\tclndr_id");
 
+// An MPX file with a header, hours per day and a task definition: ID, name, duration, predecessors.
+QByteArray mpx(const QStringList& records, const QByteArray& codePage = "ANSI") {
+    return "MPX,Microsoft Project for Windows,4.0," + codePage + "\r\n11,2,0,1,8.00,40.00\r\n" +
+           "61,90,1,40,70\r\n" + records.join(QStringLiteral("\r\n")).toLatin1() + "\r\n";
+}
+
 // Each work item as "name days [links]", and each resource's planned total.
 QString brief(const ScheduleProject& p) {
     QStringList parts;
@@ -85,6 +91,41 @@ void brokenXerRows() {
             "at most 24, found 0"));
 }
 
+void brokenMpxRows() {
+    row("MPX unknown duration unit", mpx({QStringLiteral("70,1,A,3x,")}),
+        QStringLiteral(
+            "f: line 4, field 3 (Duration): expected a duration such as 3d, 16h or 2w, found \"3x\" "
+            "with the unknown unit \"x\""));
+    row("MPX record before the header",
+        QByteArray("10,$,1,2,\",\",.\r\nMPX,Microsoft Project for Windows,4.0,ANSI\r\n"),
+        QStringLiteral(
+            "f: line 1: expected the header record MPX,<program>,<version>,<code page> first, found "
+            "record 10"));
+    row("MPX task before its definition", QByteArray("MPX,Microsoft Project for Windows,4.0,ANSI\n70,1,A\n"),
+        QStringLiteral("f: line 2: expected a task definition record (60 or 61) before the first task record "
+                       "(70), found none"));
+    row("MPX predecessor that no task has",
+        mpx({QStringLiteral("70,1,A,3d,"), QStringLiteral("70,2,B,3d,\"1,9FS\"")}),
+        QStringLiteral(
+            "f: line 5, field 4 (Predecessors): expected the ID of a task, found 9, which no task has"));
+    row("MPX predecessor text", mpx({QStringLiteral("70,1,A,3d,"), QStringLiteral("70,2,B,3d,1XY+2d")}),
+        QStringLiteral(
+            "f: line 5, field 4 (Predecessors): expected predecessors such as 2FS+2d,5SS-1d, found "
+            "\"1XY+2d\""));
+    row("MPX code page", mpx({}, "KOI8"),
+        QStringLiteral(
+            "f: line 1, field 3: expected the code page ANSI, 437, 850, MAC or UTF8, found \"KOI8\""));
+    row("MPX unknown record", mpx({QStringLiteral("99,1")}),
+        QStringLiteral("f: line 4: expected an MPX record number, found \"99\""));
+    row("MPX assigned resource", mpx({QStringLiteral("70,1,A,3d,"), QStringLiteral("75,4,100%")}),
+        QStringLiteral(
+            "f: line 5, field 1: expected the ID of a resource, found \"4\", which no resource has"));
+    row("MPX value past the definition", mpx({QStringLiteral("70,1,A,3d,,x")}),
+        QStringLiteral(
+            "f: line 4, field 5: expected at most 4 fields, as the task definition lists, found \"x\" "
+            "in field 5"));
+}
+
 // What XER files say in their own way: code pages, day lengths, skipped activities, WBS order.
 void xerDetailRows() {
     const QString cal = QStringLiteral("%T\tCALENDAR\n%F\tclndr_id\tday_hr_cnt\n%R\t1\t10");
@@ -120,6 +161,29 @@ void xerDetailRows() {
         QStringLiteral("A 1d; D 1d; C 1d; B 1d [A FS+0]"));
 }
 
+// What MPX files say in their own way: code pages, units, skipped rows.
+void mpxDetailRows() {
+    row("MPX in ANSI", mpx({QStringLiteral("70,1,\u00dcnterbau,2d,")}), QStringLiteral("\u00dcnterbau 2d"));
+    row("MPX in code page 850",
+        mpx({QStringLiteral("70,1,\u00dcnterbau,2d,")}, "850").replace('\xDC', '\x9A'),
+        QStringLiteral("\u00dcnterbau 2d"));
+    row("MPX in Mac Roman", mpx({QStringLiteral("70,1,\u00dcnterbau,2d,")}, "MAC").replace('\xDC', '\x86'),
+        QStringLiteral("\u00dcnterbau 2d"));
+    row("MPX units of time",
+        mpx({QStringLiteral("70,1,A,480m,"), QStringLiteral("70,2,B,2w,\"1SS+50%,3FF-1d\""),
+             QStringLiteral("70,3,C,7ed,\"1FS+1ew\""), QStringLiteral("70,4,D,1.5d?,3SF")}),
+        QStringLiteral("A 1d; B 10d [A SS+1, C FF-1]; C 5d [A FS+5]; D 2d [C SF+0]"));
+    row("MPX units as a percentage or a number",
+        mpx({QStringLiteral("41,40,1\r\n50,1,Crew"), QStringLiteral("70,1,A,2d,"),
+             QStringLiteral("75,1,250%"), QStringLiteral("70,2,B,2d,"), QStringLiteral("75,1,1.5")}),
+        QStringLiteral("A 2d; B 2d; Crew 8 (3)"));
+    row("MPX project summary and blank rows left out",
+        mpx({QStringLiteral("41,40,1\r\n50,1,Crew\r\n61,90,1,40,70,3"), QStringLiteral("70,0,House,9d,,0"),
+             QStringLiteral("75,1,100%"), QStringLiteral("70,1,A,1d,,1"), QStringLiteral("70,2,,,,1"),
+             QStringLiteral("70,3,B,1d,1,1")}),
+        QStringLiteral("A 1d; B 1d [A FS+0]; Crew 0 ()"));
+}
+
 } // namespace
 
 class TestFormats : public QObject {
@@ -131,6 +195,8 @@ private slots:
         QTest::addColumn<QString>("file");
         row("json twin itself", QStringLiteral("house.json"));
         row("Primavera P6 XER", QStringLiteral("house.xer"));
+        row("MPX", QStringLiteral("house.mpx"));
+        row("MPX with semicolons and decimal commas", QStringLiteral("house-semicolon.mpx"));
     }
 
     void sameAsTwin() {
@@ -162,6 +228,7 @@ private slots:
     void toldByContent_data() {
         QTest::addColumn<QByteArray>("bytes");
         row("XER with a UTF-8 byte-order mark", "\xEF\xBB\xBF" + fixtureBytes(QStringLiteral("house.xer")));
+        row("MPX with a UTF-8 byte-order mark", "\xEF\xBB\xBF" + fixtureBytes(QStringLiteral("house.mpx")));
         row("XER with Unix line ends", fixtureBytes(QStringLiteral("house.xer")).replace("\r\n", "\n"));
     }
 
@@ -180,6 +247,7 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("expected");
         xerDetailRows();
+        mpxDetailRows();
     }
 
     void details() {
@@ -196,6 +264,7 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("message");
         brokenXerRows();
+        brokenMpxRows();
         row("binary MS Project", QByteArray("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1\0\0", 10),
             QStringLiteral(
                 "f: is a binary file (MS Project .mpp or another OLE document), which cannot be read: "

@@ -511,6 +511,8 @@ bool MpxReader::addTask(const MpxLine& record, MpxTask& task) {
     m_lastTask = -1;
     if (task.outlineLevel == 0 || task.task.name.isEmpty())
         return true;
+    // MS Project schedules a task marked as a milestone by its duration: only a 0-day one is a milestone.
+    task.task.milestone = task.task.milestone && task.task.durationDays <= 0.0;
     task.task.id = task.uniqueId.isEmpty() ? task.number : task.uniqueId;
     task.task.outlineLevel = task.outlineLevel;
     if (m_taskOfNumber.contains(task.number))

@@ -5,6 +5,8 @@
 #include "formats/ganformat.h"
 #include "formats/mspdiformat.h"
 #include "formats/plannerformat.h"
+#include "formats/mpxformat.h"
+#include "formats/xerformat.h"
 
 #include <QFile>
 #include <QHash>
@@ -24,6 +26,8 @@ const ScheduleFormat scheduleFormats[] = {
     {"MS Project XML", isMsProjectXml, readMsProjectXml},
     {"GanttProject", isGanttProject, readGanttProject},
     {"GNOME Planner", isPlanner, readPlanner},
+    {"Primavera P6 XER", isPrimaveraXer, readPrimaveraXer},
+    {"MPX", isMpx, readMpx},
 };
 
 const int headShown = 40; // characters of an unrecognised file shown in its message

@@ -80,6 +80,9 @@ private slots:
         row("MS Project XML", QStringLiteral("house.xml"));
         row("GanttProject", QStringLiteral("house.gan"));
         row("GNOME Planner", QStringLiteral("house.planner"));
+        row("Primavera P6 XER", QStringLiteral("house.xer"));
+        row("MPX", QStringLiteral("house.mpx"));
+        row("MPX with semicolons and decimal commas", QStringLiteral("house-semicolon.mpx"));
     }
 
     // The name of a file says nothing: a GanttProject file saved as .xml is read as GanttProject.

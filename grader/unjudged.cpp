@@ -7,37 +7,55 @@ namespace Grade {
 
 namespace {
 
-// Curve-fluctuation criteria of the rationality category; a negative value means no resource data.
-const int firstCurveCriterion = 29;
-const int lastCurveCriterion = 32;
+// Criteria of the Gantt and rationality categories; a negative curve value means no resource data.
+enum Criterion { GanttTimeUnit = 18, GanttRowsPerPage = 19, FirstCurve = 29, LastCurve = 32 };
 
-bool withoutData(QRatingItemVirtual* item) {
-    const int type = item->GetAttributeType();
-    bool isNumber = false;
-    const double value = item->GetRatingItemValue().toDouble(&isNumber);
-    return type >= firstCurveCriterion && type <= lastCurveCriterion && (!isNumber || value < 0.0);
+QList<QRatingItemVirtual*> children(QRatingItemVirtual* root) {
+    QList<QRatingItemVirtual*> out;
+    QList<void*> pointers;
+    if (root)
+        root->GetRatingItemList(pointers);
+    for (void* pointer : pointers)
+        if (QRatingItemVirtual* child = MarkPointer::item(pointer))
+            out.append(child);
+    return out;
 }
 
 } // namespace
 
-QHash<QString, QString> lockUnjudgeable(QRatingItemVirtual* standardRoot, double full) {
-    QHash<QString, QString> reasons;
-    if (!standardRoot)
-        return reasons;
-    QList<void*> children;
-    standardRoot->GetRatingItemList(children);
-    for (void* pointer : children) {
-        QRatingItemVirtual* child = MarkPointer::item(pointer);
-        if (!child || !withoutData(child))
+QHash<int, QString> unjudgeable(const Host::ScheduleProject& standard, QRatingItemVirtual* standardRoot) {
+    QHash<int, QString> reasons;
+    for (QRatingItemVirtual* child : children(standardRoot)) {
+        const int type = child->GetAttributeType();
+        bool isNumber = false;
+        const double value = child->GetRatingItemValue().toDouble(&isNumber);
+        if (type >= FirstCurve && type <= LastCurve && (!isNumber || value < 0.0))
+            reasons.insert(type, QStringLiteral("not judged: the standard answer has no resource data for this "
+                                                "curve group"));
+        else if (type == GanttTimeUnit && standard.gantt.timeUnit.isEmpty())
+            reasons.insert(type, QStringLiteral("not judged: the standard answer states no Gantt time unit "
+                                                "(give one in the course settings)"));
+        else if (type == GanttRowsPerPage && standard.gantt.rowsPerPage == 0)
+            reasons.insert(type, QStringLiteral("not judged: the standard answer states no rows per page "
+                                                "(give them in the course settings)"));
+    }
+    return reasons;
+}
+
+QHash<QString, QString> lockCriteria(QRatingItemVirtual* standardRoot, double full,
+                                     const QHash<int, QString>& reasons) {
+    QHash<QString, QString> locked;
+    for (QRatingItemVirtual* child : children(standardRoot)) {
+        auto reason = reasons.constFind(child->GetAttributeType());
+        if (reason == reasons.constEnd())
             continue;
         child->SetRatingItemScoreStd(0.0);
         child->SetRatingItemLock(true);
-        reasons.insert(child->GetRatingItemName(),
-                       QStringLiteral("not judged: the standard answer has no resource data for this curve group"));
+        locked.insert(child->GetRatingItemName(), reason.value());
     }
-    if (!reasons.isEmpty())
+    if (!locked.isEmpty())
         standardRoot->RedistributeScore(full);
-    return reasons;
+    return locked;
 }
 
 void markUnjudged(ScoredNode& tree, const QHash<QString, QString>& reasons) {

@@ -6,6 +6,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace Host {
@@ -280,18 +281,26 @@ double timeWeightedVariance(const QList<const CurveData*>& curves, qint64 axisMi
     if (axisMinutes <= 0)
         return -1.0;
     // Each period of a curve becomes a rise at its start and a fall at its end, cut at the axis end.
+    // Amounts are scaled by a power of two below 1, which is exact, so that sums of huge amounts
+    // cannot overflow into inf − inf.
     QVector<QPair<qint64, double>> events;
+    double largest = 0.0;
     for (const CurveData* curve : curves) {
         qint64 previous = 0;
         for (const CurvePoint& point : curve->points) {
+            if (!std::isfinite(point.amount))
+                return fluctuationOverflow;
             const qint64 end = std::min<qint64>(point.minute, axisMinutes);
             if (previous < end && point.amount != 0.0) {
                 events.append(qMakePair(previous, point.amount));
                 events.append(qMakePair(end, -point.amount));
+                largest = std::max(largest, std::abs(point.amount));
             }
             previous = point.minute;
         }
     }
+    int exponent = 0;
+    std::frexp(largest, &exponent);
     std::sort(
         events.begin(), events.end(),
         [](const QPair<qint64, double>& a, const QPair<qint64, double>& b) { return a.first < b.first; });
@@ -303,13 +312,14 @@ double timeWeightedVariance(const QList<const CurveData*>& curves, qint64 axisMi
         const double span = static_cast<double>(event.first - last);
         sum += level * span;
         sumOfSquares += level * level * span;
-        level += event.second;
+        level += std::ldexp(event.second, -exponent);
         last = event.first;
     }
     // The level is 0 again after the last event, so the rest of the axis adds nothing.
     const double axis = static_cast<double>(axisMinutes);
     const double mean = sum / axis;
-    return std::max(0.0, sumOfSquares / axis - mean * mean);
+    const double variance = std::ldexp(std::max(0.0, sumOfSquares / axis - mean * mean), 2 * exponent);
+    return std::isfinite(variance) ? variance : fluctuationOverflow;
 }
 
 QMap<int, double> curveFluctuation(const QList<CurveData>& curves, int totalDays,

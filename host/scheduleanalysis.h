@@ -16,6 +16,7 @@
 #include <QVector>
 
 #include <functional>
+#include <limits>
 
 namespace Host {
 
@@ -58,11 +59,16 @@ bool diagramIsAcyclic(const ArrowDiagram& diagram, QVector<int>& cycleNodes);
 
 // Curve fluctuation values by attribute type 29 to 32: the time-weighted variance of each group's
 // summed curve over [0, totalDays × 1440] minutes; -1 for a group without curves or a zero duration.
+// A value too large for a double is fluctuationOverflow, the worst value a rule can meet.
 // canonical turns a curve name into a canonical resource name.
 QMap<int, double> curveFluctuation(const QList<CurveData>& curves, int totalDays,
                                    const std::function<QString(const QString&)>& canonical);
 
+// The fluctuation reported when the true value is not a finite double (huge or non-finite amounts).
+const double fluctuationOverflow = std::numeric_limits<double>::max();
+
 // Time-weighted variance of the sum of the curves over [0, axisMinutes]; -1 when axisMinutes <= 0.
+// Never NaN or infinite: fluctuationOverflow stands for any value beyond a double.
 double timeWeightedVariance(const QList<const CurveData*>& curves, qint64 axisMinutes);
 
 // The chart name of a canonical resource name (a name without a chart of its own is its own chart).

@@ -12,6 +12,7 @@
 #include <QSet>
 
 #include <memory>
+#include <new>
 
 namespace Grade {
 
@@ -45,6 +46,26 @@ QString productTitle(int product) {
                                   : QStringLiteral("%1 pricing").arg(Host::productName(product));
 }
 
+// Grades one schedule category of the two sides into category; false when the library gives no
+// category of the type.
+bool gradeCategory(Host::ScheduleSide& standardSide, Host::ScheduleSide& candidateSide,
+                   CategoryResult& category) {
+    QMarkCategoryVirtual* standardCategory = standardSide.category(category.type);
+    QMarkCategoryVirtual* candidateCategory = candidateSide.category(category.type);
+    if (!standardCategory || !candidateCategory)
+        return false;
+    standardCategory->AssignScore(category.full);
+    category.obtained = candidateCategory->ExecuteDBScore(standardCategory);
+    if (QRatingItemVirtual* root = MarkPointer::item(candidateCategory->GetRatingItemPtr()))
+        category.tree = copyTree(root);
+    if (category.tree.name.isEmpty())
+        category.tree.name = category.title;
+    // The scored tree is copied out: free both sides' trees before the next category builds its own.
+    standardSide.release(category.type);
+    candidateSide.release(category.type);
+    return true;
+}
+
 void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& candidate, const Marks& marks,
                    CandidateResult& result) {
     const int scene = standard.schedule.scene;
@@ -52,29 +73,29 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
         result.notes << QStringLiteral(
                             "the candidate's scene is %1, the standard's %2: graded in the %2 scene")
                             .arg(Host::sceneName(candidate.schedule.scene), Host::sceneName(scene));
-    Host::ScheduleSide standardSide(standard.schedule, scene, false);
-    Host::ScheduleSide candidateSide(candidate.schedule, scene, true);
+    Host::ScheduleSide standardSide(standard.schedule, scene, false, marks.limits);
+    Host::ScheduleSide candidateSide(candidate.schedule, scene, true, marks.limits);
+    // Only the work items that the standard's chains name can stand in a chain of the judged network.
+    candidateSide.setChainNames(standardSide.chainNames());
     for (int type : Host::ScheduleSide::categoryTypes()) {
         CategoryResult category;
         category.type = type;
         category.title = HostTexts::categoryTitle(type);
         category.full = marks.schedule.value(type);
-        QMarkCategoryVirtual* standardCategory = standardSide.category(type);
-        QMarkCategoryVirtual* candidateCategory = candidateSide.category(type);
-        if (!standardCategory || !candidateCategory) {
-            category.available = false;
-            category.note =
-                QStringLiteral("not available: the library gives no category of type %1 for the %2 scene")
-                    .arg(type)
-                    .arg(Host::sceneName(scene));
-        } else {
-            standardCategory->AssignScore(category.full);
-            category.obtained = candidateCategory->ExecuteDBScore(standardCategory);
-            if (QRatingItemVirtual* root = MarkPointer::item(candidateCategory->GetRatingItemPtr()))
-                category.tree = copyTree(root);
-            if (category.tree.name.isEmpty())
-                category.tree.name = category.title;
+        // A category the host cannot hand over is left out of the totals, the others are graded.
+        try {
+            category.note = candidateSide.ungradable(type);
+            if (category.note.isEmpty() && !gradeCategory(standardSide, candidateSide, category))
+                category.note =
+                    QStringLiteral("not available: the library gives no category of type %1 for the %2 scene")
+                        .arg(type)
+                        .arg(Host::sceneName(scene));
+        } catch (const std::bad_alloc&) {
+            category.obtained = 0.0;
+            category.tree = ScoredNode();
+            category.note = QStringLiteral("not gradable: out of memory");
         }
+        category.available = category.note.isEmpty();
         result.categories.append(category);
     }
     for (const QString& note : standardSide.notes())

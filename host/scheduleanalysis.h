@@ -4,6 +4,7 @@
 #ifndef SCHEDULEANALYSIS_H
 #define SCHEDULEANALYSIS_H
 
+#include "networklimits.h"
 #include "projectmodel.h"
 #include "scheduletiming.h"
 
@@ -11,6 +12,7 @@
 #include <QMap>
 #include <QMultiMap>
 #include <QPair>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -28,14 +30,25 @@ struct LogicTexts {
 };
 LogicTexts logicTexts(const QList<WorkItemData>& items);
 
-// The network of direct links between work items, in the form the logic category takes over:
-// rows allocated with new int*[n], each row with new int[n]; null for no work items.
+// The work-item names that the logic rule looks up in a judged network: every ";"-separated name of
+// every "&"-separated entry of the chain texts.
+QSet<QString> chainNames(const QStringList& chains);
+
+// Positions, in schedule order, of the work items whose names are among names: the judged network's
+// nodes. Items of other names can never stand in a standard chain, so they are left out.
+QVector<int> networkItems(const QList<WorkItemData>& items, const QSet<QString>& names);
+
+// The network of direct links between the given work items (positions in items), in the form the
+// logic category takes over: node i is items[positions[i]]; rows allocated with new int*[k], each row
+// with new int[k]; null for no work items.
 struct LinkMatrix {
     QMultiMap<QString, int> nodes;
     int** matrix = nullptr;
     int count = 0;
 };
-LinkMatrix linkMatrix(const QList<WorkItemData>& items);
+// False, with nothing allocated, when the k × k matrix cannot be allocated (k beyond int, or memory
+// refused).
+bool linkMatrix(const QList<WorkItemData>& items, const QVector<int>& positions, LinkMatrix& links);
 // Frees a matrix made by linkMatrix that was not handed to a category.
 void freeLinkMatrix(LinkMatrix& links);
 
@@ -51,8 +64,11 @@ struct NetworkFindings {
     QList<int> endNodes;
     QList<int> brokenNodes;
     QList<QPair<int, int>> surplusArrows;
+    // Why the diagram was not analysed (it exceeds a limit); empty when it was.
+    QString error;
 };
-NetworkFindings analyseDiagram(const ArrowDiagram& diagram, bool drawn);
+NetworkFindings analyseDiagram(const ArrowDiagram& diagram, bool drawn,
+                               const NetworkLimits& limits = NetworkLimits());
 
 // False with the closed cycle of node numbers when the arrows form a cycle.
 bool diagramIsAcyclic(const ArrowDiagram& diagram, QVector<int>& cycleNodes);

@@ -4,6 +4,7 @@
 #include "scoredtree.h"
 #include "schedulecategories.h"
 #include "treebuilder.h"
+#include "unjudged.h"
 
 #include "hosttexts_p.h"
 #include "markpointer.h"
@@ -11,14 +12,45 @@
 #include "qratingitembase.h"
 
 #include <memory>
+#include <new>
 
 namespace Grade {
 
 namespace {
 
+// The network-plan principles, judged on the arrow diagram.
+const int principlesType = 7;
+
 QString productTitle(int product) {
     return product == Host::Shape ? QStringLiteral("Shape building model")
                                   : QStringLiteral("%1 pricing").arg(Host::productName(product));
+}
+
+// Grades one schedule category of the two sides into category; false when the library gives no
+// category of the type. Criteria the standard cannot judge are locked at 0 first.
+bool gradeCategory(const Host::ScheduleProject& standard, Host::ScheduleSide& standardSide,
+                   Host::ScheduleSide& candidateSide, CategoryResult& category) {
+    QMarkCategoryVirtual* standardCategory = standardSide.category(category.type);
+    QMarkCategoryVirtual* candidateCategory = candidateSide.category(category.type);
+    if (!standardCategory || !candidateCategory)
+        return false;
+    standardCategory->AssignScore(category.full);
+    QRatingItemVirtual* standardRoot = MarkPointer::item(standardCategory->GetRatingItemPtr());
+    const QHash<QString, QString> locked =
+        lockCriteria(standardRoot, category.full, unjudgeable(standard, standardRoot));
+    category.obtained = candidateCategory->ExecuteDBScore(standardCategory);
+    if (QRatingItemVirtual* root = MarkPointer::item(candidateCategory->GetRatingItemPtr()))
+        category.tree = copyTree(root, standardRoot);
+    markUnjudged(category.tree, locked);
+    if (category.tree.name.isEmpty())
+        category.tree.name = category.title;
+    if (standardRoot && standardRoot->GetChildItemCount() == 0)
+        category.note = QStringLiteral("not judged in the %1 scene: the category has no criteria there")
+                            .arg(Host::sceneName(standard.scene));
+    // The scored tree is copied out: free both sides' trees before the next category builds its own.
+    standardSide.release(category.type);
+    candidateSide.release(category.type);
+    return true;
 }
 
 void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& candidate, const Marks& marks,
@@ -28,29 +60,32 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
         result.notes << QStringLiteral(
                             "the candidate's scene is %1, the standard's %2: graded in the %2 scene")
                             .arg(Host::sceneName(candidate.schedule.scene), Host::sceneName(scene));
-    Host::ScheduleSide standardSide(standard.schedule, scene, false);
-    Host::ScheduleSide candidateSide(candidate.schedule, scene, true);
+    Host::ScheduleSide standardSide(standard.schedule, scene, false, marks.limits);
+    Host::ScheduleSide candidateSide(candidate.schedule, scene, true, marks.limits);
+    // Only the work items that the standard's chains name can stand in a chain of the judged network.
+    candidateSide.setChainNames(standardSide.chainNames());
     for (int type : Host::ScheduleSide::categoryTypes()) {
         CategoryResult category;
         category.type = type;
         category.title = HostTexts::categoryTitle(type);
         category.full = marks.schedule.value(type);
-        QMarkCategoryVirtual* standardCategory = standardSide.category(type);
-        QMarkCategoryVirtual* candidateCategory = candidateSide.category(type);
-        if (!standardCategory || !candidateCategory) {
-            category.available = false;
-            category.note =
-                QStringLiteral("not available: the library gives no category of type %1 for the %2 scene")
-                    .arg(type)
-                    .arg(Host::sceneName(scene));
-        } else {
-            standardCategory->AssignScore(category.full);
-            category.obtained = candidateCategory->ExecuteDBScore(standardCategory);
-            if (QRatingItemVirtual* root = MarkPointer::item(candidateCategory->GetRatingItemPtr()))
-                category.tree = copyTree(root, MarkPointer::item(standardCategory->GetRatingItemPtr()));
-            if (category.tree.name.isEmpty())
-                category.tree.name = category.title;
+        // A category the host cannot hand over is left out of the totals, the others are graded.
+        try {
+            category.note = candidateSide.ungradable(type);
+            if (type == principlesType && !standard.schedule.hasDiagram)
+                category.note = QStringLiteral("not gradable: the standard answer has no arrow diagram");
+            if (category.note.isEmpty() &&
+                !gradeCategory(standard.schedule, standardSide, candidateSide, category))
+                category.note =
+                    QStringLiteral("not available: the library gives no category of type %1 for the %2 scene")
+                        .arg(type)
+                        .arg(Host::sceneName(scene));
+        } catch (const std::bad_alloc&) {
+            category.obtained = 0.0;
+            category.tree = ScoredNode();
+            category.note = QStringLiteral("not gradable: out of memory");
         }
+        category.available = category.note.isEmpty();
         result.categories.append(category);
     }
     for (const QString& note : standardSide.notes())

@@ -3,6 +3,7 @@
 #define MARKS_H
 
 #include "jsonreader.h"
+#include "networklimits.h"
 
 #include <QMap>
 #include <QString>
@@ -13,6 +14,8 @@ struct Marks {
     QMap<int, double> schedule{{1, 15.0}, {2, 20.0}, {3, 20.0}, {4, 15.0}, {5, 10.0}, {6, 10.0}, {7, 10.0}};
     double pricing = 100.0;
     double model = 100.0;
+    // How large a candidate's networks may grow before a category is reported as not gradable.
+    Host::NetworkLimits limits;
 
     // The key of a schedule category in a marks file ("integrity", ...), by category type.
     static QString scheduleKey(int type);

@@ -30,8 +30,9 @@ QHash<int, QString> unjudgeable(const Host::ScheduleProject& standard, QRatingIt
         bool isNumber = false;
         const double value = child->GetRatingItemValue().toDouble(&isNumber);
         if (type >= FirstCurve && type <= LastCurve && (!isNumber || value < 0.0))
-            reasons.insert(type, QStringLiteral("not judged: the standard answer has no resource data for this "
-                                                "curve group"));
+            reasons.insert(type,
+                           QStringLiteral("not judged: the standard answer has no resource data for this "
+                                          "curve group"));
         else if (type == GanttTimeUnit && standard.gantt.timeUnit.isEmpty())
             reasons.insert(type, QStringLiteral("not judged: the standard answer states no Gantt time unit "
                                                 "(give one in the course settings)"));

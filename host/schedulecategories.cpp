@@ -5,24 +5,82 @@
 #include "markrecords.h"
 #include "qmarkcategorybase.h"
 
+#include <numeric>
+
 namespace Host {
 
 namespace {
+const int logicType = 3;
 const int resourceCurveType = 4;
-}
+const int principleType = 7;
+} // namespace
 
-ScheduleSide::ScheduleSide(const ScheduleProject& project, int scene, bool candidate)
-    : m_data(project), m_scene(scene), m_candidate(candidate) {}
+ScheduleSide::ScheduleSide(const ScheduleProject& project, int scene, bool candidate,
+                           const NetworkLimits& limits)
+    : m_data(project), m_scene(scene), m_candidate(candidate), m_limits(limits) {}
 
 ScheduleSide::~ScheduleSide() {
     // Categories keep a pointer to the project data but never free it: delete them first.
     qDeleteAll(m_categories);
+    freeLinkMatrix(m_links);
+}
+
+QSet<QString> ScheduleSide::chainNames() {
+    QStringList names;
+    QStringList displays;
+    QStringList chains;
+    m_data.GetLogicTexts(names, displays, chains);
+    return Host::chainNames(chains);
+}
+
+void ScheduleSide::setChainNames(const QSet<QString>& names) {
+    m_chainNames = names;
+    m_allNames = false;
+}
+
+QString ScheduleSide::ungradable(int type) {
+    auto settled = m_ungradable.constFind(type);
+    if (settled != m_ungradable.constEnd())
+        return settled.value();
+    QString why;
+    if (type == logicType && m_candidate) {
+        why = prepareNetwork();
+    } else if (type == principleType) {
+        const ScheduleProject& project = m_data.project();
+        m_findings = analyseDiagram(project.diagram, project.hasDiagram, m_limits);
+        if (m_candidate && !m_findings.error.isEmpty()) // the standard's values do not depend on it
+            why = QStringLiteral("not gradable: ") + m_findings.error;
+    }
+    m_ungradable.insert(type, why);
+    return why;
+}
+
+// The judged network: the work items that the standard's chains can name, as a dense matrix.
+QString ScheduleSide::prepareNetwork() {
+    const QList<WorkItemData>& items = m_data.project().workItems;
+    QVector<int> positions;
+    if (m_allNames) {
+        positions.resize(items.size());
+        std::iota(positions.begin(), positions.end(), 0);
+    } else {
+        positions = networkItems(items, m_chainNames);
+    }
+    if (positions.size() > m_limits.judgedItems)
+        return QStringLiteral("not gradable: %1 work items exceed the network limit %2")
+            .arg(positions.size())
+            .arg(m_limits.judgedItems);
+    if (!linkMatrix(items, positions, m_links))
+        return QStringLiteral("not gradable: no memory for the network of %1 work items")
+            .arg(positions.size());
+    return QString();
 }
 
 QMarkCategoryVirtual* ScheduleSide::category(int type) {
     auto found = m_categories.constFind(type);
     if (found != m_categories.constEnd())
         return found.value();
+    if (!ungradable(type).isEmpty())
+        return nullptr;
     QMarkCategoryVirtual* made = QMarkCategoryBase::CreateMarkCategoryByType(ScheduleProduct, m_scene, type);
     m_categories.insert(type, made);
     if (made) {
@@ -32,14 +90,18 @@ QMarkCategoryVirtual* ScheduleSide::category(int type) {
     return made;
 }
 
+void ScheduleSide::release(int type) {
+    delete m_categories.take(type);
+}
+
 void ScheduleSide::configure(int type, QMarkCategoryVirtual* category) {
     const ScheduleProject& project = m_data.project();
     switch (type) {
-    case 3:
+    case logicType:
         // Only the judged side's items look for chains in a network.
         if (m_candidate) {
-            LinkMatrix links = linkMatrix(project.workItems);
-            category->SetLogicMatrix(links.nodes, links.matrix, links.count); // the category frees it
+            category->SetLogicMatrix(m_links.nodes, m_links.matrix, m_links.count); // the category frees it
+            m_links = LinkMatrix();
         }
         break;
     case resourceCurveType:
@@ -56,8 +118,8 @@ void ScheduleSide::configure(int type, QMarkCategoryVirtual* category) {
             curveFluctuation(project.curves, project.totalDays,
                              [this](const QString& name) { return m_data.canonicalName(name); }));
         break;
-    case 7: {
-        const NetworkFindings findings = analyseDiagram(project.diagram, project.hasDiagram);
+    case principleType: {
+        const NetworkFindings& findings = m_findings;
         category->SetMarkBeginEndOnlyDot(findings.singleStartEnd);
         if (!findings.startEndText.isEmpty())
             category->SetMarkBeginEndOnlyDot(findings.startEndText);

@@ -4,9 +4,12 @@
 #define SCHEDULECATEGORIES_H
 
 #include "hostprojectdata.h"
+#include "networklimits.h"
 #include "projectmodel.h"
+#include "scheduleanalysis.h"
 
 #include <QMap>
+#include <QSet>
 #include <QStringList>
 
 class QMarkCategoryVirtual;
@@ -19,7 +22,8 @@ public:
     static QList<int> categoryTypes() { return {1, 2, 3, 4, 5, 6, 7}; }
 
     // candidate: false for the standard answer, true for the project being judged.
-    ScheduleSide(const ScheduleProject& project, int scene, bool candidate);
+    ScheduleSide(const ScheduleProject& project, int scene, bool candidate,
+                 const NetworkLimits& limits = NetworkLimits());
     ~ScheduleSide();
     ScheduleSide(const ScheduleSide&) = delete;
     ScheduleSide& operator=(const ScheduleSide&) = delete;
@@ -28,6 +32,22 @@ public:
     // factory gives no category of that type. The side owns it.
     QMarkCategoryVirtual* category(int type);
 
+    // The work-item names that the chains of this side's logic texts use (of interest on the standard
+    // side).
+    QSet<QString> chainNames();
+    // Judged side: only work items of these names (the standard's chain names) enter the judged
+    // network; call before category(3). Until it is called every work item does.
+    void setChainNames(const QSet<QString>& names);
+
+    // Works out what the category of the type needs and cannot be made without (the judged network,
+    // the diagram findings) and says why it cannot be graded, e.g. a network beyond its limit; empty
+    // when it can. category() asks it too, and makes no category that cannot be graded.
+    QString ungradable(int type);
+
+    // Deletes the category of the type, once its scores are read, to keep one category's trees in
+    // memory at a time; a later category() makes it anew.
+    void release(int type);
+
     HostProjectData& data() { return m_data; }
     // Things the host could not hand over (a factory that gave nothing), for the report.
     const QStringList& notes() const { return m_notes; }
@@ -35,10 +55,17 @@ public:
 private:
     void configure(int type, QMarkCategoryVirtual* category);
     void addCurves(QMarkCategoryVirtual* category);
+    QString prepareNetwork();
 
     HostProjectData m_data;
     int m_scene;
     bool m_candidate;
+    NetworkLimits m_limits;
+    bool m_allNames = true; // every work item enters the network
+    QSet<QString> m_chainNames;
+    QMap<int, QString> m_ungradable; // settled types
+    LinkMatrix m_links;              // until handed to the logic category
+    NetworkFindings m_findings;
     QMap<int, QMarkCategoryVirtual*> m_categories;
     QStringList m_notes;
 };

@@ -245,7 +245,8 @@ private slots:
         QCOMPARE(texts.chains, (QStringList{"挖土", "挖土;垫层", "垫层;基础&挖土;基础"}));
         QCOMPARE(texts.displays, (QStringList{"挖土", "挖土→垫层", "垫层→基础;挖土→基础"}));
 
-        LinkMatrix links = linkMatrix(list);
+        LinkMatrix links;
+        QVERIFY(linkMatrix(list, networkItems(list, chainNames(texts.chains)), links));
         QCOMPARE(links.nodes.values(QStringLiteral("基础")), (QList<int>{3, 2})); // most recent first
         QSet<QPair<int, int>> ones;
         for (int p = 0; p < links.count; ++p)

@@ -64,6 +64,7 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
     Host::ScheduleSide candidateSide(candidate.schedule, scene, true, marks.limits);
     // Only the work items that the standard's chains name can stand in a chain of the judged network.
     candidateSide.setChainNames(standardSide.chainNames());
+    standardSide.setCurveLimits(marks.curveLimits);
     for (int type : Host::ScheduleSide::categoryTypes()) {
         CategoryResult category;
         category.type = type;

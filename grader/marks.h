@@ -16,6 +16,8 @@ struct Marks {
     double model = 100.0;
     // How large a candidate's networks may grow before a category is reported as not gradable.
     Host::NetworkLimits limits;
+    // Upper limits of the curve fluctuation by curve group, from the course settings.
+    QMap<int, double> curveLimits;
 
     // The key of a schedule category in a marks file ("integrity", ...), by category type.
     static QString scheduleKey(int type);

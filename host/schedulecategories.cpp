@@ -1,6 +1,11 @@
 #include "schedulecategories.h"
 
+#include "curvelimits.h"
+#include "hosttexts_p.h"
 #include "scheduleanalysis.h"
+
+#include "markpointer.h"
+#include "qratingitemvirtual.h"
 
 #include "markrecords.h"
 #include "qmarkcategorybase.h"
@@ -86,6 +91,8 @@ QMarkCategoryVirtual* ScheduleSide::category(int type) {
     if (made) {
         configure(type, made);
         made->UpdateCategory(m_data.handle(), m_candidate);
+        if (type == principleType && m_candidate && !m_data.project().hasDiagram)
+            markDiagramAbsent(made);
     }
     return made;
 }
@@ -112,14 +119,20 @@ void ScheduleSide::configure(int type, QMarkCategoryVirtual* category) {
         category->SetMarkGanttChart(project.gantt.order.join(QLatin1Char(';')));
         category->SetMarkPerScreen(project.gantt.rowsPerPage);
         break;
-    case 6:
+    case 6: {
         category->SetMarkTotalTime(project.totalDays);
-        category->SetMarkCurveVariance(
-            curveFluctuation(project.curves, project.totalDays,
-                             [this](const QString& name) { return m_data.canonicalName(name); }));
+        const QMap<int, double> values = curveFluctuation(
+            project.curves, project.totalDays, [this](const QString& name) { return m_data.canonicalName(name); });
+        // The standard's values are upper limits that an equal value must pass.
+        category->SetMarkCurveVariance(m_candidate ? values : curveLimits(values, m_curveLimits));
         break;
+    }
     case principleType: {
-        const NetworkFindings& findings = m_findings;
+        NetworkFindings findings = m_findings;
+        if (m_candidate && !project.hasDiagram) { // nothing drawn: every principle fails
+            findings.broken = findings.surplusDummy = true;
+            findings.brokenText = HostTexts::diagramNotDrawn();
+        }
         category->SetMarkBeginEndOnlyDot(findings.singleStartEnd);
         if (!findings.startEndText.isEmpty())
             category->SetMarkBeginEndOnlyDot(findings.startEndText);
@@ -131,6 +144,18 @@ void ScheduleSide::configure(int type, QMarkCategoryVirtual* category) {
     default:
         break;
     }
+}
+
+// A candidate that drew no arrow diagram fails every principle for that one reason, which each
+// criterion states instead of its usual finding.
+void ScheduleSide::markDiagramAbsent(QMarkCategoryVirtual* category) {
+    QRatingItemVirtual* root = MarkPointer::item(category->GetRatingItemPtr());
+    QList<void*> children;
+    if (root)
+        root->GetRatingItemList(children);
+    for (void* pointer : children)
+        if (QRatingItemVirtual* criterion = MarkPointer::item(pointer))
+            criterion->SetRatingItemRemark(HostTexts::diagramNotDrawn());
 }
 
 void ScheduleSide::addCurves(QMarkCategoryVirtual* category) {

@@ -44,6 +44,10 @@ public:
     // when it can. category() asks it too, and makes no category that cannot be graded.
     QString ungradable(int type);
 
+    // Standard side: explicit upper limits of the curve fluctuation by curve group, where the course
+    // gives them; other groups get the standard's own value raised just enough (curvelimits.h).
+    void setCurveLimits(const QMap<int, double>& limits) { m_curveLimits = limits; }
+
     // Deletes the category of the type, once its scores are read, to keep one category's trees in
     // memory at a time; a later category() makes it anew.
     void release(int type);
@@ -55,12 +59,14 @@ public:
 private:
     void configure(int type, QMarkCategoryVirtual* category);
     void addCurves(QMarkCategoryVirtual* category);
+    void markDiagramAbsent(QMarkCategoryVirtual* category);
     QString prepareNetwork();
 
     HostProjectData m_data;
     int m_scene;
     bool m_candidate;
     NetworkLimits m_limits;
+    QMap<int, double> m_curveLimits;
     bool m_allNames = true; // every work item enters the network
     QSet<QString> m_chainNames;
     QMap<int, QString> m_ungradable; // settled types

@@ -173,6 +173,8 @@ void mpxDetailRows() {
         mpx({QStringLiteral("70,1,A,480m,"), QStringLiteral("70,2,B,2w,\"1SS+50%,3FF-1d\""),
              QStringLiteral("70,3,C,7ed,\"1FS+1ew\""), QStringLiteral("70,4,D,1.5d?,3SF")}),
         QStringLiteral("A 1d; B 10d [A SS+1, C FF-1]; C 5d [A FS+5]; D 2d [C SF+0]"));
+    row("MPX empty values past the definition", mpx({QStringLiteral("70,1,A,3d,,,,")}),
+        QStringLiteral("A 3d"));
     row("MPX milestone flag on a task with a duration",
         mpx({QStringLiteral("61,90,1,40,81"), QStringLiteral("70,1,A,3d,Yes"),
              QStringLiteral("70,2,B,2d,No")}),

@@ -92,6 +92,19 @@ void brokenXerRows() {
 }
 
 void brokenMpxRows() {
+    row("XER table given twice", xer({xerTasks, xerTasks}),
+        QStringLiteral("f: line 4: expected each table once, found a second table TASK"));
+    row("XER unknown calendar",
+        xer({QStringLiteral("%T\tCALENDAR\n%F\tclndr_id"), xerTasks, QStringLiteral("%R\t1\tA\t\t8\t2")}),
+        QStringLiteral(
+            "f: table TASK, row 1, field clndr_id (line 6): expected the id of a calendar in table CALENDAR, "
+            "found \"2\""));
+    row("XER assigned resource",
+        xer({xerTasks, QStringLiteral("%R\t1\tA\t\t8"),
+             QStringLiteral("%T\tTASKRSRC\n%F\ttask_id\trsrc_id\n%R\t1\t5")}),
+        QStringLiteral(
+            "f: table TASKRSRC, row 1, field rsrc_id (line 7): expected the id of a resource, found \"5\", "
+            "which no resource has"));
     row("MPX unknown duration unit", mpx({QStringLiteral("70,1,A,3x,")}),
         QStringLiteral(
             "f: line 4, field 3 (Duration): expected a duration such as 3d, 16h or 2w, found \"3x\" "
@@ -173,6 +186,14 @@ void mpxDetailRows() {
         mpx({QStringLiteral("70,1,A,480m,"), QStringLiteral("70,2,B,2w,\"1SS+50%,3FF-1d\""),
              QStringLiteral("70,3,C,7ed,\"1FS+1ew\""), QStringLiteral("70,4,D,1.5d?,3SF")}),
         QStringLiteral("A 1d; B 10d [A SS+1, C FF-1]; C 5d [A FS+5]; D 2d [C SF+0]"));
+    row("MPX text definitions, unique IDs and a 10-hour day",
+        QByteArray(
+            "MPX,Microsoft Project for Windows,4.0,ANSI\n11,2,0,1,10.00,50.00\n40,Unique ID,Name\n50,7,Crew\n"
+            "60,Unique ID,Name,Duration,Unique ID Predecessors\n70,30,A,20h,\n70,10,B,1w,30SS+5h\n"
+            "75,,50%,,,,,,,,,,,7\n"),
+        QStringLiteral("A 2d; B 5d [A SS+1]; Crew 3 ()"));
+    row("MPX empty values past the definition", mpx({QStringLiteral("70,1,A,3d,,,,")}),
+        QStringLiteral("A 3d"));
     row("MPX milestone flag on a task with a duration",
         mpx({QStringLiteral("61,90,1,40,81"), QStringLiteral("70,1,A,3d,Yes"),
              QStringLiteral("70,2,B,2d,No")}),

@@ -451,7 +451,7 @@ bool MpxReader::task(const MpxLine& record) {
     MpxTask task;
     task.task.where = at(record);
     task.number = QString::number(++m_taskRecords);
-    for (int position = 1; position < record.fields.size(); ++position)
+    for (int position = 1; position < record.fields.size() && position <= m_taskModel.size(); ++position)
         if (!taskField(record, position, task))
             return false;
     return addTask(record, task);

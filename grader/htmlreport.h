@@ -1,0 +1,42 @@
+// The HTML report: a directory with one self-contained page per graded candidate and index.html for
+// the cohort. Pages are written as candidates arrive; only each candidate's small statistics are
+// kept for the index, which finish() writes. Every file appears whole or not at all.
+#ifndef HTMLREPORT_H
+#define HTMLREPORT_H
+
+#include "htmlcohort.h"
+#include "reportsink.h"
+
+#include <memory>
+
+namespace Grade {
+
+class HtmlReportSink : public ReportSink {
+public:
+    explicit HtmlReportSink(const QString& outputDir);
+
+    bool beginSection(const SectionStart& section) override;
+    bool addCandidate(const CandidateResult& result) override;
+    bool endSection() override;
+    bool finish() override;
+
+    // The page of the n-th candidate (from 1) of the run: "0007-cand_a.html", the file's base name
+    // with anything but ASCII letters, digits, '-' and '_' replaced, so that links need no escaping
+    // and every file system takes the name.
+    static QString pageName(int number, const QString& candidateFile);
+
+private:
+    bool ensureDirectory();
+
+    QString m_dir;
+    bool m_dirReady = false;
+    SectionStart m_section;
+    QList<CohortStats> m_cohorts;
+    int m_candidates = 0;
+};
+
+std::unique_ptr<ReportSink> makeHtmlReport(const QString& outputDir);
+
+} // namespace Grade
+
+#endif // HTMLREPORT_H

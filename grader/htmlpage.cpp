@@ -12,6 +12,8 @@ namespace Html {
 
 namespace {
 
+const int pageReserve = 1 << 17; // characters; a schedule candidate's page is about 100 000
+
 // Fonts that carry Chinese on every common system, before the generic fallback.
 const char* const fontStack =
     "'Noto Sans CJK SC', 'Source Han Sans SC', 'Microsoft YaHei', 'PingFang SC', 'Noto Sans', sans-serif";
@@ -139,14 +141,13 @@ QString sortScript() {
     return QString::fromUtf8(script);
 }
 
-bool writePage(const QString& path, const QString& title, bool withScript,
-               const std::function<void(QXmlStreamWriter&)>& body, QString& error) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        error = QStringLiteral("%1: cannot be written: %2").arg(path, file.errorString());
-        return false;
-    }
-    QXmlStreamWriter out(&file);
+QByteArray renderPage(const QString& title, bool withScript,
+                      const std::function<void(QXmlStreamWriter&)>& body) {
+    // Built in memory and written at once: the writer's many small writes would each pass through
+    // a file's buffers.
+    QString page;
+    page.reserve(pageReserve);
+    QXmlStreamWriter out(&page);
     out.writeDTD(QStringLiteral("<!DOCTYPE html>"));
     out.writeStartElement(QStringLiteral("html"));
     out.writeAttribute(QStringLiteral("lang"), QStringLiteral("zh-CN"));
@@ -156,7 +157,12 @@ bool writePage(const QString& path, const QString& title, bool withScript,
     if (withScript)
         out.writeTextElement(QStringLiteral("script"), sortScript());
     out.writeEndDocument();
-    if (out.hasError() || !file.commit()) {
+    return page.toUtf8();
+}
+
+bool saveFile(const QString& path, const QByteArray& bytes, QString& error) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
         error = QStringLiteral("%1: cannot be written: %2").arg(path, file.errorString());
         return false;
     }

@@ -18,10 +18,12 @@ namespace Html {
 QString styleSheet();
 QString sortScript();
 
-// Writes path whole or not at all: the doctype, <head> with title and style, then body() inside
-// <body>, and the sorting script when withScript. False with a message naming the file on failure.
-bool writePage(const QString& path, const QString& title, bool withScript,
-               const std::function<void(QXmlStreamWriter&)>& body, QString& error);
+// A whole page: the doctype, <head> with title and style, then body() inside <body>, and the sorting
+// script when withScript; UTF-8.
+QByteArray renderPage(const QString& title, bool withScript,
+                      const std::function<void(QXmlStreamWriter&)>& body);
+// Writes path whole or not at all (QSaveFile). False with a message naming the file on failure.
+bool saveFile(const QString& path, const QByteArray& bytes, QString& error);
 
 // <tag class="cssClass">text</tag>; text may be empty (no self-closing tag, which HTML would
 // misread); no class attribute for an empty cssClass.

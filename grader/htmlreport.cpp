@@ -42,6 +42,9 @@ bool HtmlReportSink::beginSection(const SectionStart& section) {
 }
 
 bool HtmlReportSink::addCandidate(const CandidateResult& result) {
+    const QString error = m_writer.error(); // an earlier page that could not be written
+    if (!error.isEmpty())
+        return fail(error);
     if (m_cohorts.isEmpty())
         m_cohorts.append(CohortStats(m_section.standardFile));
     ++m_candidates;
@@ -52,11 +55,10 @@ bool HtmlReportSink::addCandidate(const CandidateResult& result) {
         page = pageName(m_candidates, result.file);
         const Html::CandidatePage content{&result, m_section.standardFile, m_section.standard.data(),
                                           indexName};
-        QString error;
-        if (!Html::writePage(
-                QDir(m_dir).filePath(page), result.file, false,
-                [&content](QXmlStreamWriter& out) { Html::writeCandidateBody(out, content); }, error))
-            return fail(error);
+        m_writer.write(QDir(m_dir).filePath(page),
+                       Html::renderPage(result.file, false, [&content](QXmlStreamWriter& out) {
+                           Html::writeCandidateBody(out, content);
+                       }));
     }
     m_cohorts.last().add(result, page);
     return true;
@@ -71,9 +73,12 @@ bool HtmlReportSink::finish() {
     if (!ensureDirectory())
         return false;
     QString error;
-    if (!Html::writePage(
-            QDir(m_dir).filePath(indexName), QStringLiteral("Cohort report"), true,
-            [this](QXmlStreamWriter& out) { Html::writeIndexBody(out, m_cohorts); }, error))
+    if (!m_writer.wait(error))
+        return fail(error);
+    const QByteArray index =
+        Html::renderPage(QStringLiteral("Cohort report"), true,
+                         [this](QXmlStreamWriter& out) { Html::writeIndexBody(out, m_cohorts); });
+    if (!Html::saveFile(QDir(m_dir).filePath(indexName), index, error))
         return fail(error);
     return true;
 }

@@ -1,10 +1,12 @@
 // The HTML report: a directory with one self-contained page per graded candidate and index.html for
-// the cohort. Pages are written as candidates arrive; only each candidate's small statistics are
-// kept for the index, which finish() writes. Every file appears whole or not at all.
+// the cohort. Pages are rendered as candidates arrive and written on background threads; only each
+// candidate's small statistics are kept for the index, which finish() writes after the last page.
+// Every file appears whole or not at all; a page that cannot be written fails the next call.
 #ifndef HTMLREPORT_H
 #define HTMLREPORT_H
 
 #include "htmlcohort.h"
+#include "htmlwriter.h"
 #include "reportsink.h"
 
 #include <memory>
@@ -33,6 +35,7 @@ private:
     SectionStart m_section;
     QList<CohortStats> m_cohorts;
     int m_candidates = 0;
+    Html::FileWriter m_writer; // last: its destructor waits for the pages still being written
 };
 
 std::unique_ptr<ReportSink> makeHtmlReport(const QString& outputDir);

@@ -291,6 +291,7 @@ private slots:
         HtmlReportSink sink(dir.path());
         QVERIFY(sink.beginSection(SectionStart{QStringLiteral("s.json"), standard, 1}));
         QVERIFY(sink.addCandidate(result));
+        QVERIFY(sink.finish());
         const QDomDocument page = readPage(dir.filePath(QStringLiteral("0001-c.html")));
         QCOMPARE(elements(page, QStringLiteral("svg"), {QStringLiteral("gantt")}).size(), 1);
         QCOMPARE(elements(page, QStringLiteral("svg"), {QStringLiteral("curve")}).size(), 2);
@@ -307,20 +308,35 @@ private slots:
         QVERIFY2(logic.contains(QStringLiteral("A → B")), qPrintable(logic));
     }
 
+    void writeErrors_data() {
+        QTest::addColumn<QString>("blocked"); // a directory made where this file goes
+        QTest::addColumn<int>("candidates");
+        row("the index", QString("index.html"), 0);
+        row("a page", QString("0001-a.html"), 1);
+        row("a page, more following", QString("0001-a.html"), 3);
+    }
     void writeErrors() {
+        QFETCH(QString, blocked);
+        QFETCH(int, candidates);
+        QTemporaryDir dir;
+        QVERIFY(QDir(dir.path()).mkpath(QStringLiteral("out/") + blocked));
+        HtmlReportSink sink(dir.filePath(QStringLiteral("out")));
+        QVERIFY(sink.beginSection(SectionStart{QStringLiteral("s.json"), nullptr, candidates}));
+        bool written = sink.addCandidate(graded(QStringLiteral("a.json"), {integrity(1.0, 0.0)}));
+        // Pages are written in the background: the failure fails a later call, finish() at the latest.
+        for (int i = 1; i < candidates && written; ++i)
+            written = sink.addCandidate(graded(QStringLiteral("b%1.json").arg(i), {integrity(1.0, 0.0)}));
+        QVERIFY(!written || !sink.finish());
+        QVERIFY2(sink.error().contains(blocked), qPrintable(sink.error()));
+    }
+
+    void unusableDirectory() {
         QTemporaryDir dir;
         QFile blocker(dir.filePath(QStringLiteral("file")));
         QVERIFY(blocker.open(QIODevice::WriteOnly));
-        HtmlReportSink intoFile(blocker.fileName());
-        QVERIFY(!intoFile.beginSection(SectionStart{QStringLiteral("s.json"), nullptr, 1}));
-        QVERIFY(intoFile.error().contains(blocker.fileName()));
-
-        QVERIFY(
-            QDir(dir.path()).mkpath(QStringLiteral("out/index.html"))); // a directory where the index goes
-        HtmlReportSink sink(dir.filePath(QStringLiteral("out")));
-        QVERIFY(sink.beginSection(SectionStart{QStringLiteral("s.json"), nullptr, 0}));
-        QVERIFY(!sink.finish());
-        QVERIFY2(sink.error().contains(QStringLiteral("index.html")), qPrintable(sink.error()));
+        HtmlReportSink sink(blocker.fileName());
+        QVERIFY(!sink.beginSection(SectionStart{QStringLiteral("s.json"), nullptr, 1}));
+        QVERIFY(sink.error().contains(blocker.fileName()));
     }
 };
 

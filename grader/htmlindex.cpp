@@ -14,7 +14,7 @@ namespace Html {
 
 namespace {
 
-const int histogramBins = 10;
+const int histogramBins = 20;
 const int lostCriteriaShown = 20;
 const double chartWidth = 560.0;
 const double chartHeight = 200.0;
@@ -152,8 +152,27 @@ void writeBroken(QXmlStreamWriter& out, const CohortStats& cohort) {
     out.writeEndElement();
 }
 
-void writeCohort(QXmlStreamWriter& out, const CohortStats& cohort) {
+QString cohortId(int number) {
+    return QStringLiteral("cohort-%1").arg(number);
+}
+
+// Links to the cohorts, when there is more than one.
+void writeContents(QXmlStreamWriter& out, const QList<CohortStats>& cohorts) {
+    if (cohorts.size() < 2)
+        return;
+    open(out, QStringLiteral("ul"), QStringLiteral("contents"));
+    for (int i = 0; i < cohorts.size(); ++i) {
+        out.writeStartElement(QStringLiteral("li"));
+        link(out, QLatin1Char('#') + cohortId(i + 1), cohorts[i].standardFile());
+        out.writeCharacters(QStringLiteral(": %1 candidates").arg(cohorts[i].rows().size()));
+        out.writeEndElement();
+    }
+    out.writeEndElement();
+}
+
+void writeCohort(QXmlStreamWriter& out, const CohortStats& cohort, int number) {
     open(out, QStringLiteral("section"), QStringLiteral("cohort"));
+    out.writeAttribute(QStringLiteral("id"), cohortId(number));
     element(out, QStringLiteral("h2"), QString(), QStringLiteral("Standard answer ") + cohort.standardFile());
     element(out, QStringLiteral("p"), QStringLiteral("meta"),
             QStringLiteral("Candidates: %1 (%2 graded, %3 not graded)")
@@ -195,14 +214,15 @@ void writeHistogram(QXmlStreamWriter& out, const QVector<double>& totals, double
                            .arg(Svg::labelNumber(i * binWidth), Svg::labelNumber((i + 1) * binWidth))
                            .arg(counts[i]));
     }
-    Svg::writeXAxis(out, x, Svg::niceTicks(0, top, histogramBins + 1), bottom, QStringLiteral("total"));
+    Svg::writeXAxis(out, x, Svg::niceTicks(0, top, 11), bottom, QStringLiteral("total"));
     out.writeEndElement();
 }
 
 void writeIndexBody(QXmlStreamWriter& out, const QList<CohortStats>& cohorts) {
     element(out, QStringLiteral("h1"), QString(), QStringLiteral("Cohort report"));
-    for (const CohortStats& cohort : cohorts)
-        writeCohort(out, cohort);
+    writeContents(out, cohorts);
+    for (int i = 0; i < cohorts.size(); ++i)
+        writeCohort(out, cohorts[i], i + 1);
 }
 
 } // namespace Html

@@ -13,7 +13,7 @@ namespace Html {
 
 void writeIndexBody(QXmlStreamWriter& out, const QList<CohortStats>& cohorts);
 
-// One <svg class="histogram">: counts of totals in ten equal bins over [0, full].
+// One <svg class="histogram">: counts of totals in twenty equal bins over [0, full].
 void writeHistogram(QXmlStreamWriter& out, const QVector<double>& totals, double full);
 
 } // namespace Html

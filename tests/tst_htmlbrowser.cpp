@@ -2,6 +2,7 @@
 // DOM it builds holds the totals, every lost criterion and the figures; screenshots are not blank; the
 // pages load nothing from outside; printed to PDF they come out on A4 with the expected pages.
 // Skips when no Chromium is installed (scripts/deps.sh --test installs it).
+#include "batch.h"
 #include "grading.h"
 #include "htmlcompare.h"
 #include "htmlreport.h"
@@ -24,6 +25,7 @@ namespace {
 
 const int browserTimeout = 180000;
 const int browsersAtOnce = 3;
+const int batchSize = 8;
 
 struct BrowserRun {
     QStringList arguments;
@@ -31,24 +33,52 @@ struct BrowserRun {
     QString failure; // empty when the browser ran and exited with 0
 };
 
-// Resource checks: a page of iframes, one per report page, that writes how many resources each
-// loaded into <pre id="out"> once all have loaded.
-QByteArray resourceProbe(const QStringList& pages) {
+// A page of iframes, one per report page, that writes what report(frame) says of each into
+// <pre id="out"> once all have loaded (the browser is run with file access between files).
+QByteArray probePage(const QStringList& pages, const char* report) {
     QByteArray html = "<!DOCTYPE html><html><body><pre id='out'>pending</pre>\n";
     for (const QString& page : pages)
         html += "<iframe src='" + QUrl::fromLocalFile(page).toEncoded() + "'></iframe>\n";
-    html += R"(<script>
-var frames = document.querySelectorAll('iframe'), lines = [], loaded = 0;
+    html += "<script>\nfunction report(frame) {\n" + QByteArray(report) + "\n}\n";
+    html += R"(var frames = document.querySelectorAll('iframe'), lines = [], loaded = 0;
 frames.forEach(function (frame) {
   frame.addEventListener('load', function () {
-    var entries = frame.contentWindow.performance.getEntriesByType('resource');
-    lines.push(frame.src.split('/').pop() + ' resources=' + entries.length +
-               entries.map(function (e) { return ' ' + e.name; }).join(''));
+    lines.push(report(frame));
     if (++loaded === frames.length) document.getElementById('out').textContent = lines.join('\n');
   });
 });
 </script></body></html>)";
     return html;
+}
+
+// How many resources each page fetched, and which.
+const char* const resourceReport = R"(
+  var entries = frame.contentWindow.performance.getEntriesByType('resource');
+  return frame.src.split('/').pop() + ' resources=' + entries.length +
+         entries.map(function (e) { return ' ' + e.name; }).join('');)";
+
+// The candidate table's totals as listed, after one click on the Total header and after another.
+const char* const sortReport = R"(
+  var table = frame.contentDocument.querySelector('table.sortable');
+  var totals = function () {
+    return Array.from(table.tBodies[0].rows).map(function (row) { return row.cells[1].dataset.sort; }).join(' ');
+  };
+  var button = table.querySelectorAll('th button')[1];
+  var lines = ['listed ' + totals()];
+  button.click();
+  lines.push('ascending ' + totals());
+  button.click();
+  lines.push('descending ' + totals());
+  return lines.join('\n');)";
+
+// The values after a label line "label v1 v2 ...".
+QList<double> listed(const QString& text, const QString& label) {
+    QList<double> values;
+    for (const QString& line : text.split(QLatin1Char('\n')))
+        if (line.startsWith(label + QLatin1Char(' ')))
+            for (const QString& value : line.mid(label.size() + 1).split(QLatin1Char(' ')))
+                values << value.toDouble();
+    return values;
 }
 
 int countLost(const ScoredNode& node) {
@@ -93,6 +123,7 @@ private slots:
             QSKIP("no Chromium browser installed (bash scripts/deps.sh --test installs Debian's chromium)");
         QVERIFY(m_dir.isValid());
         writeSampleReport();
+        writeBatchReport();
         m_pages = QDir(m_report).entryList({QStringLiteral("*.html")}, QDir::Files, QDir::Name);
         QCOMPARE(m_pages.size(), m_results.size() + 1);
         runBrowsers();
@@ -155,12 +186,30 @@ private slots:
                      qPrintable(page));
             for (auto match = reference.globalMatch(html); match.hasNext();) {
                 const QString target = match.next().captured(1);
-                QVERIFY2(m_pages.contains(target), qPrintable(page + QStringLiteral(": ") + target));
+                const bool inPage = target.startsWith(QLatin1Char('#')) &&
+                                    html.contains(QStringLiteral("id=\"%1\"").arg(target.mid(1)));
+                QVERIFY2(inPage || m_pages.contains(target),
+                         qPrintable(page + QStringLiteral(": ") + target));
             }
         }
-        const QString probe = QString::fromUtf8(m_runs.value(QStringLiteral("probe")).output);
+        const QString probe = probeOutput(QStringLiteral("probe"));
         QCOMPARE(probe.count(QStringLiteral(" resources=0")), m_pages.size());
         QVERIFY2(!probe.contains(QRegularExpression(QStringLiteral(" resources=[1-9]"))), qPrintable(probe));
+    }
+
+    // Clicking the Total header sorts the candidates by total, a second click the other way round;
+    // the broken candidate sorts as -1.
+    void sortableTable() {
+        const QString sort = probeOutput(QStringLiteral("sort"));
+        QList<double> listed = ::listed(sort, QStringLiteral("listed"));
+        QCOMPARE(listed.size(), batchSize);
+        const QList<double> ascending = ::listed(sort, QStringLiteral("ascending"));
+        const QList<double> descending = ::listed(sort, QStringLiteral("descending"));
+        std::sort(listed.begin(), listed.end());
+        QCOMPARE(ascending, listed);
+        std::reverse(listed.begin(), listed.end());
+        QCOMPARE(descending, listed);
+        QVERIFY(ascending.first() < ascending.last()); // the totals differ, so the order means something
     }
 
     void screenshots_data() {
@@ -274,22 +323,54 @@ private:
                                 {},
                                 {}});
         }
-        QFile probe(m_dir.filePath(QStringLiteral("probe.html")));
-        QVERIFY(probe.open(QIODevice::WriteOnly));
         QStringList pagePaths;
         for (const QString& page : m_pages)
             pagePaths << QDir(m_report).filePath(page);
-        probe.write(resourceProbe(pagePaths));
-        probe.close();
-        m_runs.insert(
-            QStringLiteral("probe"),
-            {{QStringLiteral("--allow-file-access-from-files"), QStringLiteral("--virtual-time-budget=10000"),
-              QStringLiteral("--dump-dom"), QUrl::fromLocalFile(probe.fileName()).toString()},
-             {},
-             {}});
+        addProbe(QStringLiteral("probe"), pagePaths, resourceReport);
+        addProbe(QStringLiteral("sort"), {QDir(m_batchReport).filePath(QStringLiteral("index.html"))},
+                 sortReport);
         QStringList keys = m_runs.keys();
         for (int first = 0; first < keys.size(); first += browsersAtOnce)
             runBatch(keys.mid(first, browsersAtOnce));
+    }
+
+    // What a probe page wrote into <pre id="out">.
+    QString probeOutput(const QString& key) const {
+        const BrowserRun run = m_runs.value(key);
+        if (!run.failure.isEmpty())
+            qWarning("%s", qPrintable(run.failure));
+        const QRegularExpression out(QStringLiteral("<pre id=\"out\">([^<]*)</pre>"));
+        return out.match(QString::fromUtf8(run.output)).captured(1);
+    }
+
+    void addProbe(const QString& key, const QStringList& pages, const char* report) {
+        QFile probe(m_dir.filePath(key + QStringLiteral(".html")));
+        QVERIFY(probe.open(QIODevice::WriteOnly));
+        probe.write(probePage(pages, report));
+        probe.close();
+        m_runs.insert(key, {{QStringLiteral("--allow-file-access-from-files"),
+                             QStringLiteral("--virtual-time-budget=10000"), QStringLiteral("--dump-dom"),
+                             QUrl::fromLocalFile(probe.fileName()).toString()},
+                            {},
+                            {}});
+    }
+
+    // A generated batch's report, for the candidate table's sorting.
+    void writeBatchReport() {
+        QStringList files;
+        QString error;
+        QVERIFY2(generateBatch(m_dir.filePath(QStringLiteral("batch")), batchSize, files, error),
+                 qPrintable(error));
+        auto standard = QSharedPointer<Host::ProjectFile>::create();
+        Host::ReadError readError;
+        QVERIFY(Host::readProjectFile(m_dir.filePath(QStringLiteral("batch/standard.json")), *standard,
+                                      readError));
+        m_batchReport = m_dir.filePath(QStringLiteral("batch-report"));
+        HtmlReportSink sink(m_batchReport);
+        QVERIFY(sink.beginSection(SectionStart{QStringLiteral("standard.json"), standard, batchSize}));
+        for (const CandidateResult& result : gradeBatch(*standard, files, Marks(), BatchOptions()))
+            QVERIFY2(sink.addCandidate(result), qPrintable(sink.error()));
+        QVERIFY2(sink.endSection() && sink.finish(), qPrintable(sink.error()));
     }
 
     // Runs several browsers at once, each with its own profile, the network shut off by resolving
@@ -329,6 +410,7 @@ private:
     QTemporaryDir m_dir;
     QString m_browser;
     QString m_report;
+    QString m_batchReport;
     QStringList m_pages; // the candidates' pages in order, then index.html
     QList<CandidateResult> m_results;
     QList<QSharedPointer<Host::ProjectFile>> m_standards;

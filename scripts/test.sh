@@ -4,7 +4,7 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
-bash scripts/deps.sh
+bash scripts/deps.sh --test
 
 jobs=$(nproc)
 run_suite() { # name, extra cmake arguments...

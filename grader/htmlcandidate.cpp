@@ -17,10 +17,13 @@ QString criterionDetail(const ScoredNode& node, const QString& note) {
     QStringList parts;
     if (!node.value.isEmpty() && node.items.isEmpty()) // a group's value says nothing of its own
         parts << QStringLiteral("value: ") + node.value;
+    if (!node.standardValue.isEmpty() && node.items.isEmpty())
+        parts << QStringLiteral("standard: ") + node.standardValue;
     if (!node.remark.isEmpty())
         parts << QStringLiteral("remark: ") + node.remark;
-    if (!note.isEmpty())
-        parts << QStringLiteral("note: ") + note;
+    for (const QString& text : {note, node.note})
+        if (!text.isEmpty())
+            parts << QStringLiteral("note: ") + text;
     return parts.join(separator);
 }
 

@@ -4,6 +4,7 @@
 
 // Host contract: MarkCore interfaces, project data and plain records
 #include "markrule_global.h"
+#include "markrulecodes.h"
 #include "markrecords.h"
 #include "markpointer.h"
 #include "qclassifyitemvirtual.h"

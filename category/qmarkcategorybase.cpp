@@ -1,8 +1,11 @@
 #include "qmarkcategorybase.h"
+#include "markrulecodes.h"
 
 #include "markpointer.h"
 #include "qratingitembase.h"
 #include "recordio_p.h"
+
+using namespace MarkCode;
 
 namespace {
 
@@ -61,7 +64,7 @@ void QMarkCategoryBase::AssignScore(const double& total) {
 double QMarkCategoryBase::ExecuteDBScore(QMarkCategoryVirtual* standard) {
     if (!standard || !m_root)
         return 0.0;
-    return m_root->ExecuteDBScore(standard->GetRatingItemPtr(), 1);
+    return m_root->ExecuteDBScore(standard->GetRatingItemPtr(), StatusOrdinary);
 }
 
 void QMarkCategoryBase::DoSerialize(QJsonObject& object, const bool& read) {

@@ -1,6 +1,7 @@
 // Criteria of the Site resource-curve category: the charts the standard expects and the checks of
 // the judged project's curves.
 #include "qmarkrescurve.h"
+#include "markrulecodes.h"
 
 #include "qresourcebase.h"
 #include "rescurvemath_p.h"
@@ -11,16 +12,15 @@
 
 #include <memory>
 
+using namespace MarkCode;
+
 namespace {
 
-constexpr int curveItemType = 22;
 constexpr int minutesPerDay = 1440;
 // Planned material one machine handles: raw rebar per rebar processor, raw concrete material per mixer.
 constexpr double rebarPerProcessor = 5.0;
 constexpr double concretePerMixer = 10.0;
 // The resource whose name normalisation turns a drawn curve's name into a canonical resource name.
-constexpr int scheduleProduct = 5;
-constexpr int plainScene = 0;
 
 void addToTotal(int& total, int amount) {
     total = ResCurveMath::clampToInt(double(total) + double(amount));
@@ -92,7 +92,7 @@ struct QMarkResCurve_Sked_Site::DrawnCurves {
 
 QMarkResCurve_Sked_Site::DrawnCurves QMarkResCurve_Sked_Site::drawnCurves() const {
     DrawnCurves curves;
-    const std::unique_ptr<QResourceVirtual> namer(QResourceBase::CreateResource(scheduleProduct, plainScene));
+    const std::unique_ptr<QResourceVirtual> namer(QResourceBase::CreateResource(ProductSked, ScenePlain));
     for (QMarkCategoryVirtual* curve : subCategories()) {
         if (!curve)
             continue;
@@ -110,7 +110,7 @@ QMarkResCurve_Sked_Site::DrawnCurves QMarkResCurve_Sked_Site::drawnCurves() cons
 bool QMarkResCurve_Sked_Site::addCurveItem(const QString& chart, const QString& value,
                                            const QString& remark) {
     return SkedCategory::addFixedNode(CreateRatingItem(nullptr), rootItem(), chart,
-                                      SkedCategory::textValue(value), curveItemType, remark, true);
+                                      SkedCategory::textValue(value), SkedCurve, remark, true);
 }
 
 void QMarkResCurve_Sked_Site::BuildCurveItemsStd(QList<QResourceVirtual*>& resources) {

@@ -1,4 +1,5 @@
 #include "qratingitem_general.h"
+#include "markrulecodes.h"
 
 #include "calcalgorithm.h"
 #include "markpointer.h"
@@ -7,6 +8,8 @@
 
 #include <QJsonValue>
 #include <QStringList>
+
+using namespace MarkCode;
 
 namespace {
 
@@ -83,12 +86,12 @@ void QRatingItem_General::DoSerializeExtra(QDataStream&, const bool&) {}
 void QRatingItem_General::DoSerializeExtra(QJsonObject&, const bool&) {}
 
 void QRatingItem_General::SetRatingItemValue(const int& value) {
-    m_dataType = 5;
+    m_dataType = DataInteger;
     m_value = QString::number(value);
 }
 
 void QRatingItem_General::SetRatingItemValue(const double& value) {
-    m_dataType = 1;
+    m_dataType = DataDouble;
     m_value = QString::number(value, 'f', 10);
 }
 
@@ -97,29 +100,29 @@ void QRatingItem_General::SetRatingItemValue(const QString& text, const bool&) {
 }
 
 QString QRatingItem_General::formatValue(const QString& text) const {
-    if (m_dataType != 1 && m_dataType != 5)
+    if (m_dataType != DataDouble && m_dataType != DataInteger)
         return text;
     const double number = text.toDouble(); // text that is not a number reads as 0
     return Double2String(number, m_precision);
 }
 
 QString QRatingItem_General::GetRatingItemCode(const QString& text) {
-    return (m_indexRule == 4 || m_indexRule == 5) ? text : m_code;
+    return (m_indexRule == IndexByAttributeList || m_indexRule == IndexByValue) ? text : m_code;
 }
 
 QString QRatingItem_General::GetRatingItemIndex() {
     QString text;
     switch (m_indexRule) {
-    case 0:
+    case IndexByCode:
         text = m_code;
         break;
-    case 1:
+    case IndexByName:
         text = m_name;
         break;
-    case 4:
+    case IndexByAttributeList:
         text = m_attribute.toStringList().join(QLatin1Char(','));
         break;
-    case 5:
+    case IndexByValue:
         text = m_value;
         break;
     default:
@@ -165,13 +168,13 @@ double QRatingItem_General::ExecuteDBScore(void* standardItem, const int& mode) 
         ScoreChildRatingItems(mode, standardItem);
         return m_score;
     }
-    if (mode == 1)
+    if (mode == StatusOrdinary)
         m_score = CalculateRatingItemScore(standardItem);
     return m_score;
 }
 
 void QRatingItem_General::SetRatingItemStatus(const int& status, void* standardItem) {
-    if (status == 2) {
+    if (status == StatusMissing) {
         QRatingItem_General* standard = MarkPointer::item<QRatingItem_General>(standardItem);
         if (!standard)
             return;
@@ -188,7 +191,7 @@ void QRatingItem_General::SetRatingItemStatus(const int& status, void* standardI
         m_upperRange = standard->m_upperRange;
         m_attribute = standard->m_attribute;
         m_remark = RatingItemText::missing();
-    } else if (status == 4) {
+    } else if (status == StatusSurplus) {
         ClearLastRatingData();
         m_remark = RatingItemText::surplus();
     } else {
@@ -207,7 +210,7 @@ void QRatingItem_General::ScoreChildRatingItems(const int& mode, void* standardI
     MatchChildRatingItems(mode, remaining, standardChildren);
     if (!remaining.isEmpty() && !IsSurplusIgnored())
         HandleSurplusRatingItems(remaining, standardChildren);
-    if (mode == 1)
+    if (mode == StatusOrdinary)
         AdjustRatingItemScore();
 }
 
@@ -245,7 +248,7 @@ void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QStri
             return;
         }
         appendChild(created);
-        m_score += missing->ExecuteDBScore(standardPointer, 2);
+        m_score += missing->ExecuteDBScore(standardPointer, StatusMissing);
     }
     SkipRatingItemMatch(candidates, true);
 }
@@ -257,7 +260,7 @@ void QRatingItem_General::HandleSurplusRatingItems(QMultiMap<QString, void*>& re
         if (!surplus || listed.contains(it.value()))
             continue;
         listed.insert(it.value());
-        surplus->SetRatingItemStatus(4, nullptr);
+        surplus->SetRatingItemStatus(StatusSurplus, nullptr);
         appendChild(it.value());
     }
 }

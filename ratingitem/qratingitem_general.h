@@ -61,7 +61,7 @@ public:
     virtual void DoSerializeExtra(QJsonObject& object, const bool& read);
 
 protected:
-    // A stored value text as shown: numbers (data types 1 and 5) formatted with the precision.
+    // A stored value text as shown: numbers (MarkCode::DataDouble, DataInteger) formatted with the precision.
     QString formatValue(const QString& text) const;
 
     // The child part of every item stream record: the number of children that have a record (those

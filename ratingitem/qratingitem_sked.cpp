@@ -1,4 +1,5 @@
 #include "qratingitem_sked.h"
+#include "markrulecodes.h"
 
 #include "markpointer.h"
 #include "markpublic.h"
@@ -7,6 +8,8 @@
 #include "skedtexts_p.h"
 
 #include <QSet>
+
+using namespace MarkCode;
 
 namespace {
 
@@ -42,7 +45,7 @@ void QRatingItem_Sked::reset(QRatingItem_Sked* linkedItem) {
     m_locked = false;
     m_offset = 0.0;
     m_attributeType = 0;
-    m_status = 0;
+    m_status = StatusNone;
     m_linkedItem = linkedItem;
     m_editable = false;
     m_identical = false;
@@ -169,7 +172,7 @@ double QRatingItem_Sked::ExecuteDBScore(void* standardItem, const int& mode) {
         ScoreChildRatingItems(mode, standardItem);
         return m_score;
     }
-    if (mode == 1)
+    if (mode == StatusOrdinary)
         m_score = CalculateRatingItemScore(standardItem);
     return m_score;
 }
@@ -185,7 +188,7 @@ void QRatingItem_Sked::ScoreChildRatingItems(const int& mode, void* standardItem
     MatchChildRatingItems(mode, remaining, standardChildren);
     if (!standard->m_identical)
         HandleSurplusRatingItems(remaining, standardChildren);
-    if (mode == 1)
+    if (mode == StatusOrdinary)
         AdjustRatingItemScore();
 }
 
@@ -207,9 +210,10 @@ void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString,
             QRatingItem_Sked* candidate = MarkPointer::item<QRatingItem_Sked>(pointer);
             if (!candidate)
                 continue;
-            const int childMode = (mode == 3 || position > 0) ? 3 : 1;
+            const int childMode =
+                (mode == StatusDuplicate || position > 0) ? StatusDuplicate : StatusOrdinary;
             ++position;
-            if (candidate->m_attributeType == 4)
+            if (candidate->m_attributeType == SkedWorkItemNode)
                 candidate->m_valueStd.clear();
             m_score += candidate->ExecuteDBScore(standardPointer, childMode);
             appendChild(pointer);
@@ -224,7 +228,7 @@ void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString,
         }
         appendChild(created);
         missing->SetRatingItemLevel(m_level + 1);
-        m_score += missing->ExecuteDBScore(standardPointer, 2);
+        m_score += missing->ExecuteDBScore(standardPointer, StatusMissing);
     }
 }
 
@@ -243,9 +247,9 @@ void QRatingItem_Sked::HandleSurplusRatingItems(QMultiMap<QString, void*>& remai
         return;
 
     switch (m_attributeType) {
-    case 1:
-    case 3:
-    case 15: {
+    case SkedIntegrityRoot:
+    case SkedAttributeRoot:
+    case SkedLogicRoot: {
         // The template is the first unlocked standard child, else the last one.
         QRatingItemVirtual* templ = nullptr;
         for (void* pointer : standardChildren) {
@@ -262,7 +266,7 @@ void QRatingItem_Sked::HandleSurplusRatingItems(QMultiMap<QString, void*>& remai
         QList<void*> templateChildren;
         templ->GetRatingItemList(templateChildren);
         for (QRatingItem_Sked* surplus : surplusItems) {
-            surplus->SetRatingItemStatus(4, MarkPointer::fromItem(templ));
+            surplus->SetRatingItemStatus(StatusSurplus, MarkPointer::fromItem(templ));
             m_score += surplus->m_score;
             QMultiMap<QString, void*> grandChildren = surplus->answerChildMap();
             surplus->HandleSurplusRatingItems(grandChildren, templateChildren);
@@ -270,7 +274,7 @@ void QRatingItem_Sked::HandleSurplusRatingItems(QMultiMap<QString, void*>& remai
         }
         break;
     }
-    case 4: {
+    case SkedWorkItemNode: {
         void* first = nullptr;
         for (void* pointer : standardChildren) {
             if (MarkPointer::item(pointer)) {
@@ -281,7 +285,7 @@ void QRatingItem_Sked::HandleSurplusRatingItems(QMultiMap<QString, void*>& remai
         if (!first)
             return;
         for (QRatingItem_Sked* surplus : surplusItems)
-            surplus->SetRatingItemStatus(4, first);
+            surplus->SetRatingItemStatus(StatusSurplus, first);
         break;
     }
     default:
@@ -294,60 +298,70 @@ void QRatingItem_Sked::SetRatingItemStatus(const int& status, void* standardItem
     if (!standard)
         return;
     switch (status) {
-    case 2: {
-        const int type = standard->m_attributeType;
-        if (type == 4 || type == 16)
-            m_value.clear();
-        else if (type == 22)
-            m_value = SkedText::missingCurveValue();
-        else
-            m_value = QStringLiteral("0");
-        m_name = standard->m_name;
-        m_remark = RatingItemText::missing();
-        m_unit = standard->m_unit;
-        m_score = 0.0;
-        m_attributeType = type;
+    case StatusMissing:
+        takeMissing(*standard);
         break;
-    }
-    case 3:
+    case StatusDuplicate:
         m_remark = SkedText::duplicate();
         m_score = -standard->m_scoreStd;
         break;
-    case 4:
-        switch (m_attributeType) {
-        case 2:
-            m_valueStd = QStringLiteral("0");
-            m_remark = SkedText::surplusDeducted();
-            m_score = -standard->m_scoreStd;
-            break;
-        case 5:
-        case 8:
-        case 11:
-        case 12:
-        case 13:
-        case 14:
-        case 6:
-        case 7:
-        case 9:
-        case 10: {
-            // Attributes of a surplus work item are neither scored nor deducted; the numeric ones
-            // show a standard value of 0, the textual ones (6, 7, 9, 10) none.
-            const bool textual =
-                m_attributeType == 6 || m_attributeType == 7 || m_attributeType == 9 || m_attributeType == 10;
-            m_valueStd = textual ? QString() : QStringLiteral("0");
-            m_score = 0.0;
-            m_scoreStd = 0.0;
-            m_remark.clear();
-            break;
-        }
-        default:
-            m_remark = SkedText::surplusDeducted();
-            m_score = -standard->m_scoreStd;
-            m_valueStd.clear();
-            break;
-        }
+    case StatusSurplus:
+        takeSurplus(*standard);
         break;
     default:
         break;
     }
+}
+
+void QRatingItem_Sked::takeMissing(const QRatingItem_Sked& standard) {
+    const int type = standard.m_attributeType;
+    if (type == SkedWorkItemNode || type == SkedLogicRelation)
+        m_value.clear();
+    else if (type == SkedCurve)
+        m_value = SkedText::missingCurveValue();
+    else
+        m_value = QStringLiteral("0");
+    m_name = standard.m_name;
+    m_remark = RatingItemText::missing();
+    m_unit = standard.m_unit;
+    m_score = 0.0;
+    m_attributeType = type;
+}
+
+void QRatingItem_Sked::takeSurplus(const QRatingItem_Sked& standard) {
+    switch (m_attributeType) {
+    case SkedWorkItemCount:
+        m_valueStd = QStringLiteral("0");
+        m_remark = SkedText::surplusDeducted();
+        m_score = -standard.m_scoreStd;
+        break;
+    case SkedDuration:
+    case SkedPlannedQuantity:
+    case SkedLineWidth:
+    case SkedLabourIntensity:
+    case SkedMaterialTotal:
+    case SkedNumericReserved:
+        // Attributes of a surplus work item are neither scored nor deducted: numeric ones show a
+        // standard value of 0, textual ones none.
+        withholdScore(QStringLiteral("0"));
+        break;
+    case SkedQuantityCode:
+    case SkedQuantityName:
+    case SkedQuantityUnit:
+    case SkedColour:
+        withholdScore(QString());
+        break;
+    default:
+        m_remark = SkedText::surplusDeducted();
+        m_score = -standard.m_scoreStd;
+        m_valueStd.clear();
+        break;
+    }
+}
+
+void QRatingItem_Sked::withholdScore(const QString& valueStd) {
+    m_valueStd = valueStd;
+    m_score = 0.0;
+    m_scoreStd = 0.0;
+    m_remark.clear();
 }

@@ -1,4 +1,5 @@
 #include "qratingitem_tally.h"
+#include "markrulecodes.h"
 
 #include "calcalgorithm.h"
 #include "markpointer.h"
@@ -9,18 +10,20 @@
 
 #include <cmath>
 
+using namespace MarkCode;
+
 namespace {
 
 const double kEpsilon = 1e-10;
 
-// Matching key of a pricing item: code (attribute type 10), code and name (11), or name.
+// Matching key of a pricing item: code, code and name, or name, by its attribute type.
 QString tallyKey(QRatingItemVirtual* item) {
     QString key;
     switch (item->GetAttributeType()) {
-    case 10:
+    case TallyMatchByCode:
         key = item->GetRatingItemCode();
         break;
-    case 11:
+    case TallyMatchByCodeAndName:
         key = item->GetRatingItemCode() + item->GetRatingItemName();
         break;
     default:
@@ -31,15 +34,15 @@ QString tallyKey(QRatingItemVirtual* item) {
 }
 
 // Attribute types whose children list returns to every added child after scoring, without missing
-// items; type 1 additionally falls back to the first candidate child.
+// items.
 bool restoresAddedChildren(int attributeType) {
     switch (attributeType) {
-    case 2:
-    case 3:
-    case 4:
-    case 15:
-    case 17:
-    case 18:
+    case TallyKeepAdded2:
+    case TallyKeepAdded3:
+    case TallyKeepAdded4:
+    case TallyKeepAdded15:
+    case TallyKeepAdded17:
+    case TallyKeepAdded18:
         return true;
     default:
         return false;
@@ -142,7 +145,7 @@ int QRatingItem_Tally::GetRatingItemColor() {
 }
 
 bool QRatingItem_Tally::IsSurplusIgnored() {
-    return m_attributeType == 1 || restoresAddedChildren(m_attributeType);
+    return m_attributeType == TallyAnyChild || restoresAddedChildren(m_attributeType);
 }
 
 const QList<void*>& QRatingItem_Tally::addedChildren() {
@@ -174,7 +177,7 @@ double QRatingItem_Tally::ExecuteDBScore(void* standardItem, const int& mode) {
     if (standard->HasChildRatingItem()) {
         clearChildList();
         ScoreChildRatingItems(mode, standardItem);
-    } else if (mode == 1) {
+    } else if (mode == StatusOrdinary) {
         m_score = CalculateRatingItemScore(standardItem);
     }
     return m_score;
@@ -191,7 +194,7 @@ double QRatingItem_Tally::CalculateRatingItemScore(void* standardItem) {
 bool QRatingItem_Tally::SkipRatingItemMatch(QList<void*>& candidates, const bool& finished) {
     if (!finished && !candidates.isEmpty())
         return false;
-    if (m_attributeType == 1) {
+    if (m_attributeType == TallyAnyChild) {
         candidates = answerChildMap().values();
         return false;
     }

@@ -16,8 +16,9 @@
 #include "qscenevirtual.h"
 #include "qworkitemvirtual.h"
 
-// Module
+// Module and its tables
 #include "markrulemodule.h"
+#include "markruletables.h"
 
 // Rating-item framework
 #include "qratingitembase.h"

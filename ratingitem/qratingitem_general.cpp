@@ -160,16 +160,20 @@ double QRatingItem_General::ExecuteDBScore(void* standardItem, const int& mode) 
     QRatingItem_General* standard = MarkPointer::item<QRatingItem_General>(standardItem);
     if (!standard)
         return 0.0;
+    // The standard's score (the marks its tree carries) and its stored value; the status is not kept.
     m_scoreStd = standard->m_score;
     m_valueStd = standard->m_value;
+    return scoreAgainst(*standard, standardItem, mode);
+}
+
+double QRatingItem_General::scoreAgainst(QRatingItemVirtual& standard, void* standardItem, const int& mode) {
     SetRatingItemStatus(mode, standardItem);
-    if (standard->HasChildRatingItem()) {
+    if (standard.HasChildRatingItem()) {
         clearChildList();
         ScoreChildRatingItems(mode, standardItem);
-        return m_score;
-    }
-    if (mode == StatusOrdinary)
+    } else if (mode == StatusOrdinary) {
         m_score = CalculateRatingItemScore(standardItem);
+    }
     return m_score;
 }
 
@@ -203,15 +207,37 @@ void QRatingItem_General::ScoreChildRatingItems(const int& mode, void* standardI
     QRatingItemVirtual* standard = MarkPointer::item(standardItem);
     if (!standard)
         return;
+    // Unmatched children are surplus when there are any and this item does not ignore them.
+    scoreChildren(*standard, mode, [this](const QMultiMap<QString, void*>& remaining) {
+        return !remaining.isEmpty() && !IsSurplusIgnored();
+    });
+}
+
+void QRatingItem_General::scoreChildren(QRatingItemVirtual& standard, const int& mode,
+                                        const SurplusRule& surplusCounts) {
     QMultiMap<QString, void*> remaining = answerChildMap();
     m_score = 0.0;
     QList<void*> standardChildren;
-    standard->GetRatingItemList(standardChildren);
+    standard.GetRatingItemList(standardChildren);
     MatchChildRatingItems(mode, remaining, standardChildren);
-    if (!remaining.isEmpty() && !IsSurplusIgnored())
+    if (surplusCounts(remaining))
         HandleSurplusRatingItems(remaining, standardChildren);
     if (mode == StatusOrdinary)
         AdjustRatingItemScore();
+}
+
+bool QRatingItem_General::addMissingChild(void* standardChild, bool nextLevel) {
+    void* created = CreateRatingItem(nullptr);
+    QRatingItemVirtual* missing = MarkPointer::item(created);
+    if (!missing) {
+        delete MarkPointer::object(created);
+        return false;
+    }
+    appendChild(created);
+    if (nextLevel)
+        missing->SetRatingItemLevel(m_level + 1);
+    m_score += missing->ExecuteDBScore(standardChild, StatusMissing);
+    return true;
 }
 
 void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
@@ -241,14 +267,8 @@ void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QStri
             remaining.remove(key);
             continue;
         }
-        void* created = CreateRatingItem(nullptr);
-        QRatingItemVirtual* missing = MarkPointer::item(created);
-        if (!missing) {
-            delete MarkPointer::object(created);
+        if (!addMissingChild(standardPointer, false))
             return;
-        }
-        appendChild(created);
-        m_score += missing->ExecuteDBScore(standardPointer, StatusMissing);
     }
     SkipRatingItemMatch(candidates, true);
 }

@@ -11,6 +11,8 @@
 
 #include <QVariant>
 
+#include <functional>
+
 class MARKRULE_EXPORT QRatingItem_General : public QRatingItemBase {
     Q_OBJECT
 public:
@@ -61,6 +63,20 @@ public:
     virtual void DoSerializeExtra(QJsonObject& object, const bool& read);
 
 protected:
+    // The scoring skeleton that every family's ExecuteDBScore ends with, once it has taken what it
+    // needs from the standard: the status step, then the children when the standard has any (the
+    // children list is rebuilt), else the leaf rule in ordinary mode. Returns the score.
+    double scoreAgainst(QRatingItemVirtual& standard, void* standardItem, const int& mode);
+    // Whether the candidate children left unmatched are handed to HandleSurplusRatingItems.
+    using SurplusRule = std::function<bool(const QMultiMap<QString, void*>& remaining)>;
+    // The child-scoring skeleton of every family's ScoreChildRatingItems: the score restarts at 0,
+    // the children are matched against the standard's, the surplus step runs where surplusCounts
+    // says so, and in ordinary mode the sign clamp follows.
+    void scoreChildren(QRatingItemVirtual& standard, const int& mode, const SurplusRule& surplusCounts);
+    // Appends a new item (CreateRatingItem) for a standard child the candidate lacks and adds its
+    // missing-mode score; at nextLevel it sits one level below this item. False when no item came.
+    bool addMissingChild(void* standardChild, bool nextLevel);
+
     // A stored value text as shown: numbers (MarkCode::DataDouble, DataInteger) formatted with the precision.
     QString formatValue(const QString& text) const;
 

@@ -162,34 +162,21 @@ void QRatingItem_Sked::SetRatingItemValue(const QString& text, const bool& trans
 double QRatingItem_Sked::ExecuteDBScore(void* standardItem, const int& mode) {
     QRatingItem_Sked* standard = MarkPointer::item<QRatingItem_Sked>(standardItem);
     if (!standard)
-        return m_score;
-    m_status = mode;
+        return m_score; // a schedule item keeps its score when there is no standard
+    m_status = mode;    // and keeps the mode as its status
+    // The standard's standard score and standard value, not its score and value.
     m_scoreStd = standard->m_scoreStd;
     m_valueStd = standard->m_valueStd;
-    SetRatingItemStatus(mode, standardItem);
-    if (standard->HasChildRatingItem()) {
-        clearChildList();
-        ScoreChildRatingItems(mode, standardItem);
-        return m_score;
-    }
-    if (mode == StatusOrdinary)
-        m_score = CalculateRatingItemScore(standardItem);
-    return m_score;
+    return scoreAgainst(*standard, standardItem, mode);
 }
 
 void QRatingItem_Sked::ScoreChildRatingItems(const int& mode, void* standardItem) {
     QRatingItem_Sked* standard = MarkPointer::item<QRatingItem_Sked>(standardItem);
     if (!standard)
         return;
-    QMultiMap<QString, void*> remaining = answerChildMap();
-    m_score = 0.0;
-    QList<void*> standardChildren;
-    standard->GetRatingItemList(standardChildren);
-    MatchChildRatingItems(mode, remaining, standardChildren);
-    if (!standard->m_identical)
-        HandleSurplusRatingItems(remaining, standardChildren);
-    if (mode == StatusOrdinary)
-        AdjustRatingItemScore();
+    // Surplus children count unless the standard is marked identical, even when none are left.
+    scoreChildren(*standard, mode,
+                  [standard](const QMultiMap<QString, void*>&) { return !standard->m_identical; });
 }
 
 void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
@@ -220,15 +207,9 @@ void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString,
         }
         if (!candidates.isEmpty())
             continue;
-        void* created = CreateRatingItem(nullptr);
-        QRatingItemVirtual* missing = MarkPointer::item(created);
-        if (!missing) {
-            delete MarkPointer::object(created);
+        // A schedule item's missing item sits one level below it.
+        if (!addMissingChild(standardPointer, true))
             return;
-        }
-        appendChild(created);
-        missing->SetRatingItemLevel(m_level + 1);
-        m_score += missing->ExecuteDBScore(standardPointer, StatusMissing);
     }
 }
 

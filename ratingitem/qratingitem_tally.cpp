@@ -170,17 +170,10 @@ double QRatingItem_Tally::ExecuteDBScore(void* standardItem, const int& mode) {
     QRatingItem_Tally* standard = MarkPointer::item<QRatingItem_Tally>(standardItem);
     if (!standard)
         return 0.0;
-    m_scoreStd = standard->m_scoreStd;
-    m_status = mode;
-    m_valueStd = twoDecimals(standard->m_rate); // unlike the value text, no zero rule
-    SetRatingItemStatus(mode, standardItem);
-    if (standard->HasChildRatingItem()) {
-        clearChildList();
-        ScoreChildRatingItems(mode, standardItem);
-    } else if (mode == StatusOrdinary) {
-        m_score = CalculateRatingItemScore(standardItem);
-    }
-    return m_score;
+    m_scoreStd = standard->m_scoreStd;          // the standard's standard score, not its score
+    m_status = mode;                            // a pricing item keeps the mode as its status
+    m_valueStd = twoDecimals(standard->m_rate); // the standard's rate; unlike the value text, no zero rule
+    return scoreAgainst(*standard, standardItem, mode);
 }
 
 double QRatingItem_Tally::CalculateRatingItemScore(void* standardItem) {

@@ -10,6 +10,9 @@
 #include <QMap>
 
 class QRatingItemVirtual;
+namespace RecordIO {
+class Fields;
+}
 
 class MARKRULE_EXPORT QMarkCategoryBase : public QMarkCategoryVirtual {
     Q_OBJECT
@@ -46,6 +49,11 @@ protected:
     void* m_projectData = nullptr;
     int m_categoryType = 0;
     bool m_created = false;
+
+private:
+    // The category record's fields in stream order; the class name is written from and read into
+    // className, and is not part of the JSON record.
+    RecordIO::Fields recordFields(QString& className);
 };
 
 #endif // QMARKCATEGORYBASE_H

@@ -11,14 +11,6 @@
 
 using namespace MarkCode;
 
-namespace {
-
-// Smallest stream record of a child: five integers, five empty strings, three doubles (four bytes at
-// single precision), a bool, an invalid variant and a child count.
-const qint64 kMinItemRecordBytes = 5 * 4 + 5 * 4 + 3 * 4 + 1 + 5 + 4;
-
-} // namespace
-
 QRatingItem_General::QRatingItem_General(QObject* parent) : QRatingItemBase(parent) {}
 QRatingItem_General::~QRatingItem_General() = default;
 
@@ -290,78 +282,47 @@ void QRatingItem_General::DoSerialize(QJsonObject& object, const bool& read) {
     QRatingItemBase::DoSerialize(object, read);
 }
 
+RecordIO::Fields QRatingItem_General::recordFields() {
+    return {{"attribute", m_attributeType},
+            {"indexrule", m_indexRule},
+            {"scorerule", m_scoreRule},
+            {"datatype", m_dataType},
+            {"precision", m_precision},
+            {"code", m_code},
+            {"name", m_name},
+            {"value", m_value},
+            {"unit", m_unit},
+            {"remark", m_remark},
+            {"score", m_score},
+            {"upperrange", m_upperRange},
+            {"lowerrange", m_lowerRange},
+            {"locked", m_locked},
+            {"attridata", m_attribute}};
+}
+
 void QRatingItem_General::DoSerializeItem(QJsonObject& object, const bool& read) {
-    using namespace RecordIO;
-    if (read) {
-        m_attributeType = jsonInt(object, QStringLiteral("attribute"));
-        m_indexRule = jsonInt(object, QStringLiteral("indexrule"));
-        m_scoreRule = jsonInt(object, QStringLiteral("scorerule"));
-        m_dataType = jsonInt(object, QStringLiteral("datatype"));
-        m_precision = jsonInt(object, QStringLiteral("precision"));
-        m_code = jsonString(object, QStringLiteral("code"));
-        m_name = jsonString(object, QStringLiteral("name"));
-        m_value = jsonString(object, QStringLiteral("value"));
-        m_unit = jsonString(object, QStringLiteral("unit"));
-        m_remark = jsonString(object, QStringLiteral("remark"));
-        m_score = jsonDouble(object, QStringLiteral("score"));
-        m_upperRange = jsonDouble(object, QStringLiteral("upperrange"));
-        m_lowerRange = jsonDouble(object, QStringLiteral("lowerrange"));
-        m_locked = jsonBool(object, QStringLiteral("locked"));
-        QJsonValue attribute = object.value(QStringLiteral("attridata"));
-        if (attribute.isUndefined())
-            attribute = QJsonValue(QJsonValue::Null);
-        m_attribute = attribute.toVariant();
-    } else {
-        object.insert(QStringLiteral("attribute"), m_attributeType);
-        object.insert(QStringLiteral("indexrule"), m_indexRule);
-        object.insert(QStringLiteral("scorerule"), m_scoreRule);
-        object.insert(QStringLiteral("datatype"), m_dataType);
-        object.insert(QStringLiteral("precision"), m_precision);
-        object.insert(QStringLiteral("code"), m_code);
-        object.insert(QStringLiteral("name"), m_name);
-        object.insert(QStringLiteral("value"), m_value);
-        object.insert(QStringLiteral("unit"), m_unit);
-        object.insert(QStringLiteral("remark"), m_remark);
-        object.insert(QStringLiteral("score"), m_score);
-        object.insert(QStringLiteral("upperrange"), m_upperRange);
-        object.insert(QStringLiteral("lowerrange"), m_lowerRange);
-        object.insert(QStringLiteral("locked"), m_locked);
-        object.insert(QStringLiteral("attridata"), QJsonValue::fromVariant(m_attribute));
-    }
+    recordFields().serialize(object, read);
     DoSerializeExtra(object, read);
 }
 
 void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read) {
-    RecordIO::DepthGuard guard;
-    if (!guard.ok()) {
-        stream.setStatus(read ? QDataStream::ReadCorruptData : QDataStream::WriteFailed);
+    serializeRecord(stream, read, recordFields(), QRatingItemVirtual::staticMetaObject);
+}
+
+void QRatingItem_General::serializeRecord(QDataStream& stream, bool read, const RecordIO::Fields& fields,
+                                          const QMetaObject& childClass, bool withExtra) {
+    const RecordIO::DepthGuard guard;
+    if (!RecordIO::admit(guard, stream, read) || !fields.serialize(stream, read))
         return;
-    }
-    if (!read) {
-        stream << qint32(m_attributeType) << qint32(m_indexRule) << qint32(m_scoreRule) << qint32(m_dataType)
-               << qint32(m_precision) << m_code << m_name << m_value << m_unit << m_remark << m_score
-               << m_upperRange << m_lowerRange << m_locked;
-        RecordIO::writeVariant(stream, m_attribute);
-        DoSerializeExtra(stream, false);
-        writeChildRecords(stream, QRatingItemVirtual::staticMetaObject);
-        return;
-    }
-    qint32 attributeType = 0, indexRule = 0, scoreRule = 0, dataType = 0, precision = 0;
-    stream >> attributeType >> indexRule >> scoreRule >> dataType >> precision >> m_code >> m_name >>
-        m_value >> m_unit >> m_remark >> m_score >> m_upperRange >> m_lowerRange >> m_locked;
-    m_attributeType = attributeType;
-    m_indexRule = indexRule;
-    m_scoreRule = scoreRule;
-    m_dataType = dataType;
-    m_precision = precision;
+    if (withExtra)
+        DoSerializeExtra(stream, read);
     if (!RecordIO::good(stream))
         return;
-    RecordIO::readVariant(stream, m_attribute);
-    if (!RecordIO::good(stream))
-        return;
-    DoSerializeExtra(stream, true);
-    if (RecordIO::good(stream))
-        readChildRecords(stream, kMinItemRecordBytes);
+    // A child record is at least as long as this class's fields and its child count.
+    if (read)
+        readChildRecords(stream, fields.minimumBytes() + RecordIO::kCountBytes);
+    else
+        writeChildRecords(stream, childClass);
 }
 
 void QRatingItem_General::writeChildRecords(QDataStream& stream, const QMetaObject& recordClass) {

@@ -13,6 +13,10 @@
 
 #include <functional>
 
+namespace RecordIO {
+class Fields;
+}
+
 class MARKRULE_EXPORT QRatingItem_General : public QRatingItemBase {
     Q_OBJECT
 public:
@@ -80,6 +84,12 @@ protected:
     // A stored value text as shown: numbers (MarkCode::DataDouble, DataInteger) formatted with the precision.
     QString formatValue(const QString& text) const;
 
+    // The stream record of an item: its fields, then DoSerializeExtra where withExtra, then the child
+    // records (children whose class inherits childClass; read through CreateRatingItem). Refused past
+    // the nesting limit; reading stops at the first failed read.
+    void serializeRecord(QDataStream& stream, bool read, const RecordIO::Fields& fields,
+                         const QMetaObject& childClass, bool withExtra = true);
+
     // The child part of every item stream record: the number of children that have a record (those
     // whose class inherits recordClass), then each one's record in child order.
     void writeChildRecords(QDataStream& stream, const QMetaObject& recordClass);
@@ -89,6 +99,11 @@ protected:
     // the broken one included, stay in the tree.
     void readChildRecords(QDataStream& stream, qint64 minRecordBytes);
 
+private:
+    // The item record's fields, bound to this item, in stream order.
+    RecordIO::Fields recordFields();
+
+protected:
     int m_dataType = 0;
     int m_indexRule = 0;
     int m_scoreRule = 0;

@@ -219,6 +219,8 @@ private slots:
     void json();
     void stream_data();
     void stream();
+    void cutShort_data();
+    void cutShort();
 };
 
 void TestRecords::json_data() {
@@ -271,6 +273,35 @@ void TestRecords::stream() {
     // A record cut short is reported through the stream's status.
     ObjectPtr truncated = made.blank();
     QVERIFY(!readStream(truncated.get(), stored.left(stored.size() - 3), settings));
+}
+
+void TestRecords::cutShort_data() {
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QJsonObject>("expected"); // keys of the JSON record after the read
+    QTest::newRow("general after five integers")
+        << "general" << 20 << QJsonObject{{"attribute", 27}, {"precision", 2}, {"code", ""}, {"score", 0}};
+    QTest::newRow("general inside the code")
+        << "general" << 26 << QJsonObject{{"datatype", 1}, {"code", ""}, {"name", ""}};
+    QTest::newRow("pricing after level")
+        << "tally_ash" << 8
+        << QJsonObject{{"attribute", 11}, {"itemlevel", 3}, {"itemname", ""}, {"score", 0}};
+    QTest::newRow("site after attribute")
+        << "sked_site" << 54
+        << QJsonObject{{"itemlevel", 2}, {"attribute", 3}, {"scorestd", 0}, {"itemname", ""}};
+}
+
+// A record cut short keeps the fields read before the cut and leaves the others as they were.
+void TestRecords::cutShort() {
+    QFETCH(QString, kind);
+    QFETCH(int, length);
+    QFETCH(QJsonObject, expected);
+    const StreamSetting setting = streamSettings().value(QStringLiteral("qt515"));
+    ObjectPtr loaded = kinds().value(kind).blank();
+    QVERIFY(!readStream(loaded.get(), fixture(kind + QStringLiteral("_qt515.bin")).left(length), setting));
+    const QJsonObject json = QJsonDocument::fromJson(jsonBytes(loaded.get(), false)).object();
+    for (auto it = expected.constBegin(); it != expected.constEnd(); ++it)
+        QCOMPARE(json.value(it.key()), it.value());
 }
 
 QTEST_GUILESS_MAIN(TestRecords)

@@ -19,6 +19,39 @@ CalculateRecord* calculateRecord(void* record) {
     return static_cast<CalculateRecord*>(record);
 }
 
+// The schedule items of the map, each once, in map order.
+QList<QRatingItem_Sked*> distinctSkedItems(const QMultiMap<QString, void*>& items) {
+    QList<QRatingItem_Sked*> result;
+    QSet<void*> seen;
+    for (auto it = items.cbegin(); it != items.cend(); ++it) {
+        QRatingItem_Sked* item = MarkPointer::item<QRatingItem_Sked>(it.value());
+        if (item && !seen.contains(it.value())) {
+            seen.insert(it.value());
+            result.append(item);
+        }
+    }
+    return result;
+}
+
+// The template of surplus items: the first unlocked standard child, else the last one.
+QRatingItemVirtual* surplusTemplate(const QList<void*>& standardChildren) {
+    for (void* pointer : standardChildren) {
+        QRatingItemVirtual* child = MarkPointer::item(pointer);
+        if (child && !child->GetRatingItemLock())
+            return child;
+    }
+    return standardChildren.isEmpty() ? nullptr : MarkPointer::item(standardChildren.last());
+}
+
+// The first entry that is a rating item, or null.
+void* firstItem(const QList<void*>& items) {
+    for (void* pointer : items) {
+        if (MarkPointer::item(pointer))
+            return pointer;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 QRatingItem_Sked::QRatingItem_Sked(QObject* parent) : QRatingItem_General(parent) {
@@ -215,33 +248,15 @@ void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString,
 
 void QRatingItem_Sked::HandleSurplusRatingItems(QMultiMap<QString, void*>& remaining,
                                                 QList<void*>& standardChildren) {
-    QList<QRatingItem_Sked*> surplusItems;
-    QSet<void*> seen;
-    for (auto it = remaining.cbegin(); it != remaining.cend(); ++it) {
-        QRatingItem_Sked* surplus = MarkPointer::item<QRatingItem_Sked>(it.value());
-        if (surplus && !seen.contains(it.value())) {
-            seen.insert(it.value());
-            surplusItems.append(surplus);
-        }
-    }
+    const QList<QRatingItem_Sked*> surplusItems = distinctSkedItems(remaining);
     if (surplusItems.isEmpty())
         return;
-
     switch (m_attributeType) {
     case SkedIntegrityRoot:
     case SkedAttributeRoot:
     case SkedLogicRoot: {
-        // The template is the first unlocked standard child, else the last one.
-        QRatingItemVirtual* templ = nullptr;
-        for (void* pointer : standardChildren) {
-            QRatingItemVirtual* child = MarkPointer::item(pointer);
-            if (child && !child->GetRatingItemLock()) {
-                templ = child;
-                break;
-            }
-        }
-        if (!templ && !standardChildren.isEmpty())
-            templ = MarkPointer::item(standardChildren.last());
+        // Surplus children are deducted against a template standard child, down their subtree.
+        QRatingItemVirtual* templ = surplusTemplate(standardChildren);
         if (!templ)
             return;
         QList<void*> templateChildren;
@@ -256,13 +271,8 @@ void QRatingItem_Sked::HandleSurplusRatingItems(QMultiMap<QString, void*>& remai
         break;
     }
     case SkedWorkItemNode: {
-        void* first = nullptr;
-        for (void* pointer : standardChildren) {
-            if (MarkPointer::item(pointer)) {
-                first = pointer;
-                break;
-            }
-        }
+        // Attributes of a work item: judged against the first standard attribute, not listed.
+        void* first = firstItem(standardChildren);
         if (!first)
             return;
         for (QRatingItem_Sked* surplus : surplusItems)

@@ -5,6 +5,7 @@
 #define QMARKCATEGORYBASE_H
 
 #include "markrule_global.h"
+#include "markrulecodes.h"
 #include "qmarkcategoryvirtual.h"
 
 #include <QMap>
@@ -47,7 +48,7 @@ protected:
 
     QRatingItemVirtual* m_root = nullptr;
     void* m_projectData = nullptr;
-    int m_categoryType = 0;
+    int m_categoryType = MarkCode::CategoryNone;
     bool m_created = false;
 
 private:

@@ -9,6 +9,7 @@
 #define QRATINGITEMBASE_H
 
 #include "markrule_global.h"
+#include "markrulecodes.h"
 #include "qratingitemvirtual.h"
 
 #include <QJsonObject>
@@ -80,7 +81,7 @@ protected:
     void serializeJsonChildren(QJsonObject& object, bool read, const JsonChildren& rule);
 
     int m_level = 2;
-    int m_status = 0;
+    int m_status = MarkCode::StatusNone;
     double m_scoreStd = 0.0;
     QString m_valueStd;
 

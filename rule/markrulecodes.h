@@ -39,6 +39,7 @@ enum ResourceType : int {
 
 // Category types of the schedule product, the keys of the category map, in creation order.
 enum CategoryType : int {
+    CategoryNone = 0, // the family base classes, which no factory makes
     CategoryIntegrity = 1,
     CategoryAttribute = 2,
     CategoryLogical = 3,

@@ -15,6 +15,8 @@
 #include <functional>
 #include <memory>
 
+using namespace MarkCode;
+
 namespace {
 
 using ObjectPtr = std::unique_ptr<QObject>;
@@ -34,15 +36,15 @@ void describe(QRatingItemVirtual* item, const QString& name, int attributeType, 
 }
 
 ObjectPtr generalTree() {
-    QRatingItemBase* root = QRatingItemBase::CreateMarkRatingItem(20);
-    describe(root, QStringLiteral("根"), 27, 1);
+    QRatingItemBase* root = QRatingItemBase::CreateMarkRatingItem(ProductShape);
+    describe(root, QStringLiteral("根"), 27, IndexByName);
     root->SetRatingItemLock(true);
     root->SetRatingItemAttribute(
         QVariantMap{{QStringLiteral("n"), QVariant::fromValue(nullptr)},
                     {QStringLiteral("list"), QVariantList{1, 2.5, true, QStringLiteral("x")}}});
     for (int i = 0; i < 2; ++i) {
         auto* child = MarkPointer::item(root->CreateRatingItem(nullptr));
-        describe(child, QStringLiteral("子%1").arg(i), 28 + i, 4);
+        describe(child, QStringLiteral("子%1").arg(i), 28 + i, IndexByAttributeList);
         child->SetRatingItemValue(-7 + i);
         child->SetRatingItemAttribute(QStringList{QStringLiteral("a%1").arg(i), QStringLiteral("b")});
         root->AddRatingItem(MarkPointer::fromItem(child), true);
@@ -69,12 +71,12 @@ void describeTally(QRatingItemVirtual* item, const QString& name, int attributeT
 
 ObjectPtr tallyTree(int product) {
     QRatingItemBase* root = QRatingItemBase::CreateMarkRatingItem(product);
-    describeTally(root, QStringLiteral("分部"), 11);
+    describeTally(root, QStringLiteral("分部"), TallyMatchByCodeAndName);
     root->SetRatingItemUnitProject(true);
     root->SetRatingItemLock(true);
     for (int i = 0; i < 2; ++i) {
         auto* child = MarkPointer::item(root->CreateRatingItem(nullptr));
-        describeTally(child, QStringLiteral("清单%1").arg(i), 10 * i);
+        describeTally(child, QStringLiteral("清单%1").arg(i), i == 0 ? 0 : TallyMatchByCode);
         root->AddRatingItem(MarkPointer::fromItem(child), true);
     }
     return ObjectPtr(root);
@@ -94,20 +96,22 @@ void describeSite(QRatingItem_Sked* item, const QString& name, int attributeType
 }
 
 ObjectPtr siteTree() {
-    auto* root = skedItem<QRatingItem_Sked_Site>(QStringLiteral("工作项属性"), 3);
+    auto* root = skedItem<QRatingItem_Sked_Site>(QStringLiteral("工作项属性"), SkedAttributeRoot);
     root->SetRatingItemLock(true);
-    auto* node = addChild(root, skedItem<QRatingItem_Sked_Site>(QStringLiteral("绑钢筋"), 4));
+    auto* node = addChild(root, skedItem<QRatingItem_Sked_Site>(QStringLiteral("绑钢筋"), SkedWorkItemNode));
     describeSite(addChild(node, new QRatingItem_Sked_Site(static_cast<QObject*>(nullptr))),
-                 QStringLiteral("持续时间"), 5);
+                 QStringLiteral("持续时间"), SkedDuration);
     describeSite(addChild(root, new QRatingItem_Sked_Site(static_cast<QObject*>(nullptr))),
-                 QStringLiteral("木工"), 2);
+                 QStringLiteral("木工"), SkedWorkItemCount);
     return ObjectPtr(root);
 }
 
 ObjectPtr siteCategory(int type) {
-    QMarkCategoryVirtual* category = QMarkCategoryBase::CreateMarkCategoryByType(5, 1, type);
+    QMarkCategoryVirtual* category =
+        QMarkCategoryBase::CreateMarkCategoryByType(ProductSked, SceneSite, type);
     QRatingItemVirtual* root = MarkPointer::item(category->GetRatingItemPtr());
-    auto* child = skedItem<QRatingItem_Sked_Site>(QStringLiteral("支模板"), 2, QStringLiteral("支模板"), 3.5);
+    auto* child = skedItem<QRatingItem_Sked_Site>(QStringLiteral("支模板"), SkedWorkItemCount,
+                                                  QStringLiteral("支模板"), 3.5);
     root->AddRatingItem(MarkPointer::fromItem(child), true);
     return ObjectPtr(category);
 }
@@ -122,16 +126,20 @@ QMap<QString, Kind> kinds() {
         return [product] { return ObjectPtr(QRatingItemBase::CreateMarkRatingItem(product)); };
     };
     const auto category = [](int type) {
-        return [type] { return ObjectPtr(QMarkCategoryBase::CreateMarkCategoryByType(5, 1, type)); };
+        return [type] {
+            return ObjectPtr(QMarkCategoryBase::CreateMarkCategoryByType(ProductSked, SceneSite, type));
+        };
     };
     return {
-        {QStringLiteral("general"), {generalTree, item(20)}},
-        {QStringLiteral("tally_ash"), {[] { return tallyTree(9); }, item(9)}},
-        {QStringLiteral("tally_yew"), {[] { return tallyTree(15); }, item(15)}},
+        {QStringLiteral("general"), {generalTree, item(ProductShape)}},
+        {QStringLiteral("tally_ash"), {[] { return tallyTree(ProductAsh); }, item(ProductAsh)}},
+        {QStringLiteral("tally_yew"), {[] { return tallyTree(ProductYew); }, item(ProductYew)}},
         {QStringLiteral("sked_site"),
          {siteTree, [] { return ObjectPtr(new QRatingItem_Sked_Site(nullptr)); }}},
-        {QStringLiteral("category_integrity_site"), {[] { return siteCategory(1); }, category(1)}},
-        {QStringLiteral("category_logical_site"), {[] { return siteCategory(3); }, category(3)}},
+        {QStringLiteral("category_integrity_site"),
+         {[] { return siteCategory(CategoryIntegrity); }, category(CategoryIntegrity)}},
+        {QStringLiteral("category_logical_site"),
+         {[] { return siteCategory(CategoryLogical); }, category(CategoryLogical)}},
     };
 }
 

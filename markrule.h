@@ -4,6 +4,7 @@
 
 // Host contract: MarkCore interfaces, project data and plain records
 #include "markrule_global.h"
+#include "markrulecodes.h"
 #include "markrecords.h"
 #include "markpointer.h"
 #include "qclassifyitemvirtual.h"
@@ -15,8 +16,9 @@
 #include "qscenevirtual.h"
 #include "qworkitemvirtual.h"
 
-// Module
+// Module and its tables
 #include "markrulemodule.h"
+#include "markruletables.h"
 
 // Rating-item framework
 #include "qratingitembase.h"

@@ -1,10 +1,13 @@
 #include "qmarkattribute.h"
+#include "markrulecodes.h"
 
 #include "categorytexts_p.h"
 #include "qratingitem_sked_scene.h"
 #include "skedcategory_p.h"
 
 #include <cmath>
+
+using namespace MarkCode;
 
 namespace {
 
@@ -16,25 +19,28 @@ QString integerText(double value) {
     return QString::number(std::trunc(value) + 0.0, 'f', 0);
 }
 
-// A new attribute criterion with its name and value, ready for its other settings.
+// A new attribute criterion of a work item (level 3) with its name, value, attribute type and unit.
 QRatingItem_Sked_Site* newNode(QRatingItem_Sked_Site* node, const QString& name, const QString& value,
-                               bool transform = false) {
+                               SkedAttribute type, const QString& unit = QString(), bool transform = false) {
     node->SetRatingItemName(name);
     node->SetRatingItemValue(value, transform);
+    node->SetRatingItemUnit(unit);
+    node->SetRatingItemLevel(3);
+    node->SetAttributeType(type);
     return node;
 }
 
 } // namespace
 
 SKED_CATEGORY_CLASS(QMarkAttribute, QMarkCategoryBase)
-SKED_CATEGORY_CLASS_TYPED(QMarkAttribute_Sked, QMarkAttribute, 2)
+SKED_CATEGORY_CLASS_TYPED(QMarkAttribute_Sked, QMarkAttribute, CategoryAttribute)
 SKED_CATEGORY_ITEMS(QMarkAttribute_Sked, QRatingItem_Sked)
 SKED_CATEGORY_CLASS(QMarkAttribute_Sked_Twin, QMarkAttribute_Sked)
 SKED_CATEGORY_CLASS(QMarkAttribute_Sked_Site, QMarkAttribute_Sked)
 SKED_CATEGORY_ITEMS(QMarkAttribute_Sked_Site, QRatingItem_Sked_Site)
 
 void QMarkAttribute_Sked::installRoot(QRatingItemVirtual* root) {
-    SkedCategory::nameRoot(root, CategoryText::attributeRoot(), 3);
+    SkedCategory::nameRoot(root, CategoryText::attributeRoot(), SkedAttributeRoot);
     setRootItem(root);
 }
 
@@ -53,7 +59,7 @@ void QMarkAttribute_Sked::UpdateCategory(void* data, const bool& flag) {
         QRatingItemVirtual* item = SkedCategory::adoptItem(CreateRatingItem(nullptr));
         if (!item)
             return;
-        item->SetAttributeType(4);
+        item->SetAttributeType(SkedWorkItemNode);
         item->SetRatingItemName(workItem->GetWorkItemName());
         FillWorkItemAttributes(pointer, MarkPointer::fromItem(item));
         rootItem()->AddRatingItem(MarkPointer::fromItem(item), flag);
@@ -72,11 +78,8 @@ void QMarkAttribute_Sked_Site::FillWorkItemAttributes(void* workItemPointer, voi
 
     QString durationText;
     workItem->GetDuration(durationText);
-    QRatingItem_Sked_Site* duration =
-        newNode(new QRatingItem_Sked_Site(), CategoryText::duration(), durationText);
-    duration->SetRatingItemUnit(CategoryText::unitDay());
-    duration->SetRatingItemLevel(3);
-    duration->SetAttributeType(5);
+    QRatingItem_Sked_Site* duration = newNode(new QRatingItem_Sked_Site(), CategoryText::duration(),
+                                              durationText, SkedDuration, CategoryText::unitDay());
     const bool fixed = workItem->IsFixedDuration() != 0;
     duration->SetValueIdentical(fixed);
     item->SetValueIdentical(fixed);
@@ -84,59 +87,27 @@ void QMarkAttribute_Sked_Site::FillWorkItemAttributes(void* workItemPointer, voi
     if (fixed)
         return;
 
-    QRatingItem_Sked_Site* code =
-        newNode(new QRatingItem_Sked_Site(), CategoryText::quantityCode(), workItem->GetQuantityCode());
-    code->SetRatingItemLevel(3);
-    code->SetAttributeType(6);
-    add(code);
-
-    QRatingItem_Sked_Site* name =
-        newNode(new QRatingItem_Sked_Site(), CategoryText::quantityName(), workItem->GetQuantityName());
-    name->SetAttributeType(7);
-    name->SetRatingItemLevel(3);
-    add(name);
-
     const QString unitText = workItem->GetUnit();
-    QRatingItem_Sked_Site* planned = newNode(new QRatingItem_Sked_Site(), CategoryText::plannedQuantity(),
-                                             integerText(workItem->GetPlannedQuantity()));
-    planned->SetRatingItemUnit(unitText);
-    planned->SetRatingItemLevel(3);
-    planned->SetAttributeType(8);
-    add(planned);
-
-    QRatingItem_Sked_Site* unit = newNode(new QRatingItem_Sked_Site(), CategoryText::unit(), unitText, true);
-    unit->SetAttributeType(9);
-    unit->SetRatingItemLevel(3);
-    add(unit);
-
-    QRatingItem_Sked_Site* material = newNode(new QRatingItem_Sked_Site(), CategoryText::materialTotal(),
-                                              integerText(workItem->GetMaterialTotal()));
-    material->SetAttributeType(13);
-    material->SetRatingItemUnit(unitText);
-    material->SetRatingItemLevel(3);
-    add(material);
+    add(newNode(new QRatingItem_Sked_Site(), CategoryText::quantityCode(), workItem->GetQuantityCode(),
+                SkedQuantityCode));
+    add(newNode(new QRatingItem_Sked_Site(), CategoryText::quantityName(), workItem->GetQuantityName(),
+                SkedQuantityName));
+    add(newNode(new QRatingItem_Sked_Site(), CategoryText::plannedQuantity(),
+                integerText(workItem->GetPlannedQuantity()), SkedPlannedQuantity, unitText));
+    add(newNode(new QRatingItem_Sked_Site(), CategoryText::unit(), unitText, SkedQuantityUnit, QString(),
+                true));
+    add(newNode(new QRatingItem_Sked_Site(), CategoryText::materialTotal(),
+                integerText(workItem->GetMaterialTotal()), SkedMaterialTotal, unitText));
 
     QString crew;
     const QString intensity = workItem->GetLabourIntensity(crew);
-    QRatingItem_Sked_Site* labour =
-        newNode(new QRatingItem_Sked_Site(), CategoryText::labourIntensity(), intensity);
+    QRatingItem_Sked_Site* labour = newNode(new QRatingItem_Sked_Site(), CategoryText::labourIntensity(),
+                                            intensity, SkedLabourIntensity, CategoryText::unitCrew());
     labour->SetRatingItemRemark(crew);
-    labour->SetAttributeType(12);
-    labour->SetRatingItemUnit(CategoryText::unitCrew());
-    labour->SetRatingItemLevel(3);
     add(labour);
-
     // The line width is judged against the labour intensity of the same work item.
-    QRatingItem_Sked_Site* width = newNode(new QRatingItem_Sked_Site(static_cast<QRatingItem_Sked*>(labour)),
-                                           CategoryText::lineWidth(), workItem->GetLineWidth());
-    width->SetAttributeType(11);
-    width->SetRatingItemLevel(3);
-    add(width);
-
-    QRatingItem_Sked_Site* colour =
-        newNode(new QRatingItem_Sked_Site(), CategoryText::colour(), workItem->GetColor());
-    colour->SetAttributeType(10);
-    colour->SetRatingItemUnit(CategoryText::unitRgb());
-    colour->SetRatingItemLevel(3);
-    add(colour);
+    add(newNode(new QRatingItem_Sked_Site(static_cast<QRatingItem_Sked*>(labour)), CategoryText::lineWidth(),
+                workItem->GetLineWidth(), SkedLineWidth));
+    add(newNode(new QRatingItem_Sked_Site(), CategoryText::colour(), workItem->GetColor(), SkedColour,
+                CategoryText::unitRgb()));
 }

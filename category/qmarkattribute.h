@@ -1,5 +1,5 @@
-// Work-item attributes (category type 2): one criterion per work item under the root "工作项属性";
-// in the Site scene each carries the work item's attributes (duration, quantity code and name,
+// Work-item attributes (MarkCode::CategoryAttribute): one criterion per work item under the root
+// "工作项属性"; in the Site scene each carries the work item's attributes (duration, quantity code and name,
 // planned quantity, unit, material total, labour intensity, bar line width and colour) as scored
 // sub-criteria.
 #ifndef QMARKATTRIBUTE_H

@@ -1,8 +1,11 @@
 #include "qmarkcategorybase.h"
+#include "markrulecodes.h"
 
 #include "markpointer.h"
 #include "qratingitembase.h"
 #include "recordio_p.h"
+
+using namespace MarkCode;
 
 namespace {
 
@@ -61,38 +64,29 @@ void QMarkCategoryBase::AssignScore(const double& total) {
 double QMarkCategoryBase::ExecuteDBScore(QMarkCategoryVirtual* standard) {
     if (!standard || !m_root)
         return 0.0;
-    return m_root->ExecuteDBScore(standard->GetRatingItemPtr(), 1);
+    return m_root->ExecuteDBScore(standard->GetRatingItemPtr(), StatusOrdinary);
+}
+
+RecordIO::Fields QMarkCategoryBase::recordFields(QString& className) {
+    return {{"categorytype", m_categoryType}, {nullptr, className}, {"iscreated", m_created}};
 }
 
 void QMarkCategoryBase::DoSerialize(QJsonObject& object, const bool& read) {
-    const QString typeKey = QStringLiteral("categorytype");
-    const QString createdKey = QStringLiteral("iscreated");
-    if (read) {
-        m_categoryType = RecordIO::jsonInt(object, typeKey);
-        m_created = RecordIO::jsonBool(object, createdKey);
-    } else {
-        object.insert(typeKey, m_categoryType);
-        object.insert(createdKey, m_created);
-    }
+    QString className;
+    recordFields(className).serialize(object, read);
     if (m_root)
         m_root->DoSerialize(object, read);
 }
 
 void QMarkCategoryBase::DoSerialize(QDataStream& stream, const bool& read) {
+    QString className = GetClassName(); // read to keep the stream aligned, then dropped
+    if (!recordFields(className).serialize(stream, read))
+        return;
     if (!read) {
-        stream << qint32(m_categoryType) << GetClassName() << m_created;
         if (m_root)
             m_root->DoSerialize(stream, false);
         return;
     }
-    qint32 type = 0;
-    QString className;
-    bool created = false;
-    stream >> type >> className >> created;
-    if (!RecordIO::good(stream))
-        return;
-    m_categoryType = type;
-    m_created = created;
     void* pointer = CreateRatingItem(nullptr);
     QRatingItemVirtual* root = MarkPointer::item(pointer);
     if (!root)

@@ -5,11 +5,15 @@
 #define QMARKCATEGORYBASE_H
 
 #include "markrule_global.h"
+#include "markrulecodes.h"
 #include "qmarkcategoryvirtual.h"
 
 #include <QMap>
 
 class QRatingItemVirtual;
+namespace RecordIO {
+class Fields;
+}
 
 class MARKRULE_EXPORT QMarkCategoryBase : public QMarkCategoryVirtual {
     Q_OBJECT
@@ -44,8 +48,13 @@ protected:
 
     QRatingItemVirtual* m_root = nullptr;
     void* m_projectData = nullptr;
-    int m_categoryType = 0;
+    int m_categoryType = MarkCode::CategoryNone;
     bool m_created = false;
+
+private:
+    // The category record's fields in stream order; the class name is written from and read into
+    // className, and is not part of the JSON record.
+    RecordIO::Fields recordFields(QString& className);
 };
 
 #endif // QMARKCATEGORYBASE_H

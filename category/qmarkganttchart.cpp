@@ -1,18 +1,21 @@
 #include "qmarkganttchart.h"
+#include "markrulecodes.h"
 
 #include "categorytexts_p.h"
 #include "qratingitem_sked_scene.h"
 #include "skedcategory_p.h"
 
+using namespace MarkCode;
+
 SKED_CATEGORY_CLASS(QMarkGanttChart, QMarkCategoryBase)
-SKED_CATEGORY_CLASS_TYPED(QMarkGanttChart_Sked, QMarkGanttChart, 5)
+SKED_CATEGORY_CLASS_TYPED(QMarkGanttChart_Sked, QMarkGanttChart, CategoryGanttChart)
 SKED_CATEGORY_ITEMS(QMarkGanttChart_Sked, QRatingItem_Sked)
 SKED_CATEGORY_CLASS(QMarkGanttChart_Sked_Twin, QMarkGanttChart_Sked)
 SKED_CATEGORY_CLASS(QMarkGanttChart_Sked_Site, QMarkGanttChart_Sked)
 SKED_CATEGORY_ITEMS(QMarkGanttChart_Sked_Site, QRatingItem_Sked_Site)
 
 void QMarkGanttChart_Sked::installRoot(QRatingItemVirtual* root) {
-    SkedCategory::nameRoot(root, CategoryText::ganttRoot(), 17);
+    SkedCategory::nameRoot(root, CategoryText::ganttRoot(), SkedGanttRoot);
     setRootItem(root);
 }
 
@@ -63,10 +66,10 @@ void QMarkGanttChart_Sked::UpdateCategory(void* data, const bool& flag) {
         node->SetRatingItemValue(m_ganttChart, sequence, true);
     };
     if (!addFixedNode(CreateRatingItem(nullptr), root, CategoryText::ganttTimeUnit(), textValue(m_ganttTime),
-                      18, CategoryText::ganttTimeUnitRemark()) ||
-        !addFixedNode(CreateRatingItem(nullptr), root, CategoryText::ganttRows(), textValue(rows), 19,
-                      CategoryText::ganttRowsRemark()) ||
-        !addFixedNode(CreateRatingItem(nullptr), root, CategoryText::ganttOrder(), orderValue, 20,
+                      SkedGanttTimeUnit, CategoryText::ganttTimeUnitRemark()) ||
+        !addFixedNode(CreateRatingItem(nullptr), root, CategoryText::ganttRows(), textValue(rows),
+                      SkedGanttRowsPerPage, CategoryText::ganttRowsRemark()) ||
+        !addFixedNode(CreateRatingItem(nullptr), root, CategoryText::ganttOrder(), orderValue, SkedGanttOrder,
                       CategoryText::ganttOrderRemark()))
         return;
     m_created = true;

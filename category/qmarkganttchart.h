@@ -1,7 +1,7 @@
-// Gantt chart (category type 5): three criteria under the root "横道图合理性": the chart's time unit
-// is the project week, a printed page shows at least as many rows as there are work items, and the
-// chart lists the work items completely and in the standard's order. The host sets the judged chart's
-// settings; on the standard side the category replaces them by the required values.
+// Gantt chart (MarkCode::CategoryGanttChart): three criteria under the root "横道图合理性": the chart's time
+// unit is the project week, a printed page shows at least as many rows as there are work items, and the chart
+// lists the work items completely and in the standard's order. The host sets the judged chart's settings; on
+// the standard side the category replaces them by the required values.
 #ifndef QMARKGANTTCHART_H
 #define QMARKGANTTCHART_H
 

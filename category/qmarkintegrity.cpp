@@ -1,4 +1,5 @@
 #include "qmarkintegrity.h"
+#include "markrulecodes.h"
 
 #include "categorytexts_p.h"
 #include "qratingitem_sked_scene.h"
@@ -6,15 +7,17 @@
 
 #include <QSet>
 
+using namespace MarkCode;
+
 SKED_CATEGORY_CLASS(QMarkIntegrity, QMarkCategoryBase)
-SKED_CATEGORY_CLASS_TYPED(QMarkIntegrity_Sked, QMarkIntegrity, 1)
+SKED_CATEGORY_CLASS_TYPED(QMarkIntegrity_Sked, QMarkIntegrity, CategoryIntegrity)
 SKED_CATEGORY_ITEMS(QMarkIntegrity_Sked, QRatingItem_Sked)
 SKED_CATEGORY_CLASS(QMarkIntegrity_Sked_Twin, QMarkIntegrity_Sked)
 SKED_CATEGORY_CLASS(QMarkIntegrity_Sked_Site, QMarkIntegrity_Sked)
 SKED_CATEGORY_ITEMS(QMarkIntegrity_Sked_Site, QRatingItem_Sked_Site)
 
 void QMarkIntegrity_Sked::installRoot(QRatingItemVirtual* root) {
-    SkedCategory::nameRoot(root, CategoryText::integrityRoot(), 1);
+    SkedCategory::nameRoot(root, CategoryText::integrityRoot(), SkedIntegrityRoot);
     setRootItem(root);
 }
 
@@ -41,7 +44,7 @@ void QMarkIntegrity_Sked::UpdateCategory(void* data, const bool& flag) {
         names.append(name);
         child->SetRatingItemName(name);
         child->SetRatingItemUnit(CategoryText::unitPiece());
-        child->SetAttributeType(2);
+        child->SetAttributeType(SkedWorkItemCount);
         child->SetRatingItemValue(QString::number(byName.count(name)), false);
         rootItem()->AddRatingItem(MarkPointer::fromItem(child), flag);
         seen.insert(name);

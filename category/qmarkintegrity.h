@@ -1,4 +1,4 @@
-// Work-item integrity (category type 1): does the schedule hold every work item of the standard
+// Work-item integrity (MarkCode::CategoryIntegrity): does the schedule hold every work item of the standard
 // answer, each as many times as the standard does? One count criterion per distinct work-item name
 // under the root "工作项完整性"; the schedule rating items compare and score them.
 #ifndef QMARKINTEGRITY_H

@@ -1,4 +1,5 @@
 #include "qmarklogical.h"
+#include "markrulecodes.h"
 
 #include "categorytexts_p.h"
 #include "heldobjects_p.h"
@@ -6,6 +7,8 @@
 #include "skedcategory_p.h"
 
 #include <QPointer>
+
+using namespace MarkCode;
 
 // One link matrix handed over by the host, and the rating items it was lent to. Only owning
 // categories hold it strongly, so it lives exactly as long as its owner keeps it: destroying it frees
@@ -61,7 +64,7 @@ QSharedPointer<LogicNetwork> LogicNetwork::hold(int** rows, int count) {
 }
 
 QMarkLogical_Sked::QMarkLogical_Sked(QObject* parent) : QMarkLogical(parent) {
-    m_categoryType = 3;
+    m_categoryType = CategoryLogical;
 }
 
 QMarkLogical_Sked::~QMarkLogical_Sked() {
@@ -77,7 +80,7 @@ void QMarkLogical_Sked::installRoot(QRatingItemVirtual* root) {
     root->SetRatingItemValue(CategoryText::logicRootValue(), false);
     root->SetRatingItemLevel(1);
     root->SetRatingItemRemark(CategoryText::logicRootRemark());
-    root->SetAttributeType(15);
+    root->SetAttributeType(SkedLogicRoot);
     setRootItem(root);
 }
 
@@ -171,7 +174,7 @@ void QMarkLogical_Sked::UpdateCategory(void* data, const bool& flag) {
         } else {
             item->SetRatingItemValue(displays.value(i), chains.value(i), false);
         }
-        item->SetAttributeType(16);
+        item->SetAttributeType(SkedLogicRelation);
         rootItem()->AddRatingItem(MarkPointer::fromItem(item), flag);
     }
     m_created = true;

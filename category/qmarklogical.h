@@ -1,4 +1,4 @@
-// Logic relations (category type 3): one criterion per work item under the root "逻辑关系". On the
+// Logic relations (MarkCode::CategoryLogical): one criterion per work item under the root "逻辑关系". On the
 // standard side each criterion carries the relation chains the work item must have; on the judged
 // side each carries the judged network (node map and link matrix) in which the rating items look for
 // the standard's chains.

@@ -1,8 +1,11 @@
 #include "qmarknetprinciple.h"
+#include "markrulecodes.h"
 
 #include "categorytexts_p.h"
 #include "qratingitem_sked_scene.h"
 #include "skedcategory_p.h"
+
+using namespace MarkCode;
 
 SKED_CATEGORY_CLASS(QMarkNetPrinciple, QMarkCategoryBase)
 SKED_CATEGORY_ITEMS(QMarkNetPrinciple_Sked, QRatingItem_Sked)
@@ -12,7 +15,7 @@ SKED_CATEGORY_ITEMS(QMarkNetPrinciple_Sked_Site, QRatingItem_Sked_Site)
 
 QMarkNetPrinciple_Sked::QMarkNetPrinciple_Sked(QObject* parent)
     : QMarkNetPrinciple(parent), m_startEndText(CategoryText::startEndDefault()) {
-    m_categoryType = 7;
+    m_categoryType = CategoryNetPrinciple;
 }
 QMarkNetPrinciple_Sked::~QMarkNetPrinciple_Sked() = default;
 QString QMarkNetPrinciple_Sked::GetClassName() {
@@ -20,7 +23,7 @@ QString QMarkNetPrinciple_Sked::GetClassName() {
 }
 
 void QMarkNetPrinciple_Sked::installRoot(QRatingItemVirtual* root) {
-    SkedCategory::nameRoot(root, CategoryText::principleRoot(), 23);
+    SkedCategory::nameRoot(root, CategoryText::principleRoot(), SkedPrincipleRoot);
     setRootItem(root);
 }
 
@@ -70,12 +73,12 @@ void QMarkNetPrinciple_Sked::UpdateCategory(void* data, const bool& flag) {
     const QString lines = flag && m_lineBreak ? CategoryText::brokenLine() : CategoryText::noBrokenLine();
     const QString dummy =
         flag && m_surplusDummy ? CategoryText::surplusDummyFound() : CategoryText::noSurplusDummy();
-    if (!addFixedNode(CreateRatingItem(nullptr), root, CategoryText::nodeCount(), textValue(nodes), 24,
-                      m_startEndText, true) ||
-        !addFixedNode(CreateRatingItem(nullptr), root, CategoryText::lineIntegrity(), textValue(lines), 25,
-                      m_lineBreakText) ||
-        !addFixedNode(CreateRatingItem(nullptr), root, CategoryText::surplusDummy(), textValue(dummy), 26,
-                      m_surplusDummyText))
+    if (!addFixedNode(CreateRatingItem(nullptr), root, CategoryText::nodeCount(), textValue(nodes),
+                      SkedNodeCount, m_startEndText, true) ||
+        !addFixedNode(CreateRatingItem(nullptr), root, CategoryText::lineIntegrity(), textValue(lines),
+                      SkedLineIntegrity, m_lineBreakText) ||
+        !addFixedNode(CreateRatingItem(nullptr), root, CategoryText::surplusDummy(), textValue(dummy),
+                      SkedSurplusDummy, m_surplusDummyText))
         return;
     m_created = true;
 }

@@ -1,7 +1,7 @@
-// Network-plan principles (category type 7): three drawing rules of the network diagram under the
-// root "网络计划原则": exactly one start and one end node, no broken lines, no surplus dummy work.
-// The host analyses the diagram and hands in its findings; the standard side always shows the
-// rule-satisfied texts, so a judged schedule scores where its texts equal them.
+// Network-plan principles (MarkCode::CategoryNetPrinciple): three drawing rules of the network diagram under
+// the root "网络计划原则": exactly one start and one end node, no broken lines, no surplus dummy work. The
+// host analyses the diagram and hands in its findings; the standard side always shows the rule-satisfied
+// texts, so a judged schedule scores where its texts equal them.
 #ifndef QMARKNETPRINCIPLE_H
 #define QMARKNETPRINCIPLE_H
 

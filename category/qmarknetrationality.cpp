@@ -1,17 +1,20 @@
 #include "qmarknetrationality.h"
+#include "markrulecodes.h"
 
 #include "categorytexts_p.h"
 #include "qratingitem_sked_scene.h"
 #include "skedcategory_p.h"
 
+using namespace MarkCode;
+
 SKED_CATEGORY_CLASS(QMarkNetRationality, QMarkCategoryBase)
-SKED_CATEGORY_CLASS_TYPED(QMarkNetRationality_Sked, QMarkNetRationality, 6)
+SKED_CATEGORY_CLASS_TYPED(QMarkNetRationality_Sked, QMarkNetRationality, CategoryNetRationality)
 SKED_CATEGORY_CLASS(QMarkNetRationality_Sked_Twin, QMarkNetRationality_Sked)
 SKED_CATEGORY_CLASS(QMarkNetRationality_Sked_Site, QMarkNetRationality_Sked)
 
 void QMarkNetRationality_Sked::InitMarkCategoryItem() {
     QRatingItemVirtual* root = new QRatingItem_Sked();
-    SkedCategory::nameRoot(root, CategoryText::rationalityRoot(), 27);
+    SkedCategory::nameRoot(root, CategoryText::rationalityRoot(), SkedRationalityRoot);
     setRootItem(root);
 }
 
@@ -36,9 +39,9 @@ void QMarkNetRationality_Sked::InitMarkCategory(QMarkCategoryVirtual* other) {
 }
 
 QString QMarkNetRationality_Sked::valueText(int attributeType) const {
-    if (attributeType == 28)
+    if (attributeType == SkedTotalDuration)
         return QString::number(m_totalTime);
-    if (attributeType >= 29 && attributeType <= 32)
+    if (attributeType >= SkedLabourCurve && attributeType <= SkedFormworkCurve)
         return QStringLiteral("%1").arg(m_curveVariance.value(attributeType, 0.0));
     return QString();
 }
@@ -65,9 +68,9 @@ void QMarkNetRationality_Sked_Site::UpdateCategory(void* data, const bool&) {
 
     QRatingItemVirtual* total = new QRatingItem_Sked_Site();
     total->SetRatingItemName(CategoryText::totalDuration());
-    total->SetAttributeType(28);
+    total->SetAttributeType(SkedTotalDuration);
     total->SetRatingItemUnit(CategoryText::unitDay());
-    total->SetRatingItemValue(valueText(28), false);
+    total->SetRatingItemValue(valueText(SkedTotalDuration), false);
     total->SetRatingItemEditable(true);
     root->AddRatingItem(MarkPointer::fromItem(total), false);
 
@@ -75,10 +78,10 @@ void QMarkNetRationality_Sked_Site::UpdateCategory(void* data, const bool&) {
         QString name;
         int attributeType;
     } curves[] = {
-        {CategoryText::labourCurve(), 29},
-        {CategoryText::rebarCurve(), 30},
-        {CategoryText::concreteCurve(), 31},
-        {CategoryText::formworkCurve(), 32},
+        {CategoryText::labourCurve(), SkedLabourCurve},
+        {CategoryText::rebarCurve(), SkedRebarCurve},
+        {CategoryText::concreteCurve(), SkedConcreteCurve},
+        {CategoryText::formworkCurve(), SkedFormworkCurve},
     };
     for (const auto& curve : curves) {
         QRatingItemVirtual* node = new QRatingItem_Sked_Site();

@@ -1,4 +1,4 @@
-// Network-plan rationality (category type 6): how balanced the plan is, under the root
+// Network-plan rationality (MarkCode::CategoryNetRationality): how balanced the plan is, under the root
 // "网络计划合理性": the total duration and the fluctuation of four resource curves, worked out by the
 // host and handed in as settings. Only the Site scene builds criteria; they are editable and can be
 // refreshed from new settings with UpdateCategoryItem(true).
@@ -21,7 +21,8 @@ public:
     QString GetClassName() override;
 };
 
-// Plain schedule scene: keeps the settings and a root (attribute type 27); builds nothing below it.
+// Plain schedule scene: keeps the settings and a root (MarkCode::SkedRationalityRoot); builds nothing below
+// it.
 class MARKRULE_EXPORT QMarkNetRationality_Sked : public QMarkNetRationality {
     Q_OBJECT
 public:

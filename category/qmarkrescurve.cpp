@@ -1,4 +1,5 @@
 #include "qmarkrescurve.h"
+#include "markrulecodes.h"
 
 #include "categorytexts_p.h"
 #include "heldobjects_p.h"
@@ -8,6 +9,8 @@
 
 #include <QSet>
 #include <QWeakPointer>
+
+using namespace MarkCode;
 
 namespace {
 
@@ -32,14 +35,14 @@ ResCurveRecord* curveRecord(void* record) {
 } // namespace
 
 SKED_CATEGORY_CLASS(QMarkResCurve, QMarkCategoryBase)
-SKED_CATEGORY_CLASS_TYPED(QMarkResCurve_Sked, QMarkResCurve, 4)
+SKED_CATEGORY_CLASS_TYPED(QMarkResCurve_Sked, QMarkResCurve, CategoryResCurve)
 SKED_CATEGORY_ITEMS(QMarkResCurve_Sked, QRatingItem_Sked)
 SKED_CATEGORY_CLASS(QMarkResCurve_Sked_Twin, QMarkResCurve_Sked)
 SKED_CATEGORY_CLASS(QMarkResCurve_Sked_Site, QMarkResCurve_Sked)
 SKED_CATEGORY_ITEMS(QMarkResCurve_Sked_Site, QRatingItem_Sked_Site)
 
 void QMarkResCurve_Sked::installRoot(QRatingItemVirtual* root) {
-    SkedCategory::nameRoot(root, CategoryText::curveRoot(), 21);
+    SkedCategory::nameRoot(root, CategoryText::curveRoot(), SkedCurveRoot);
     setRootItem(root);
 }
 

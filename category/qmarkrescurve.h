@@ -1,7 +1,7 @@
-// Resource curves (category type 4). A category of this family plays two roles: it scores whether a
-// project draws a curve for every resource it plans and whether its machinery curves are plausible
-// (one criterion per chart under the root "资源曲线图正确性"; only the Site scene has rules), and it
-// holds one curve (its name, whether the student drew it, its points) for the category that scores.
+// Resource curves (MarkCode::CategoryResCurve). A category of this family plays two roles: it scores whether
+// a project draws a curve for every resource it plans and whether its machinery curves are plausible (one
+// criterion per chart under the root "资源曲线图正确性"; only the Site scene has rules), and it holds one
+// curve (its name, whether the student drew it, its points) for the category that scores.
 //
 // Ownership: curve records (ResCurveRecord, allocated by the host with new) handed to
 // AddResCurveRecord and categories handed to AddMarkCategory belong to the receiving category from

@@ -1,6 +1,7 @@
 // Criteria of the Site resource-curve category: the charts the standard expects and the checks of
 // the judged project's curves.
 #include "qmarkrescurve.h"
+#include "markrulecodes.h"
 
 #include "qresourcebase.h"
 #include "rescurvemath_p.h"
@@ -11,16 +12,15 @@
 
 #include <memory>
 
+using namespace MarkCode;
+
 namespace {
 
-constexpr int curveItemType = 22;
 constexpr int minutesPerDay = 1440;
 // Planned material one machine handles: raw rebar per rebar processor, raw concrete material per mixer.
 constexpr double rebarPerProcessor = 5.0;
 constexpr double concretePerMixer = 10.0;
 // The resource whose name normalisation turns a drawn curve's name into a canonical resource name.
-constexpr int scheduleProduct = 5;
-constexpr int plainScene = 0;
 
 void addToTotal(int& total, int amount) {
     total = ResCurveMath::clampToInt(double(total) + double(amount));
@@ -45,14 +45,14 @@ QStringList takeGroup(const QString& name, QSet<QString>& planned) {
     } else if (name == finishedRebar()) {
         takeIfPlanned(rawRebar());
     } else if (name == readyConcrete()) {
-        takeIfPlanned(sand());
+        takeIfPlanned(sandGravel());
         takeIfPlanned(cement());
-    } else if (name == sand()) {
+    } else if (name == sandGravel()) {
         takeIfPlanned(readyConcrete());
         takeAlways(cement());
     } else if (name == cement()) {
         takeIfPlanned(readyConcrete());
-        takeAlways(sand());
+        takeAlways(sandGravel());
     }
     group.append(name);
     return group;
@@ -64,12 +64,12 @@ QString missingCurves(const QStringList& names) {
 
 // The finding for a group whose curves were all drawn: sand and cement are only drawn together.
 QString groupFinding(const QStringList& group) {
-    const bool sand = group.contains(ResCurveText::sand());
+    const bool sand = group.contains(ResCurveText::sandGravel());
     const bool cement = group.contains(ResCurveText::cement());
     if (sand && !cement)
         return missingCurves({ResCurveText::cement()});
     if (cement && !sand)
-        return missingCurves({ResCurveText::sand()});
+        return missingCurves({ResCurveText::sandGravel()});
     return QString();
 }
 
@@ -92,7 +92,7 @@ struct QMarkResCurve_Sked_Site::DrawnCurves {
 
 QMarkResCurve_Sked_Site::DrawnCurves QMarkResCurve_Sked_Site::drawnCurves() const {
     DrawnCurves curves;
-    const std::unique_ptr<QResourceVirtual> namer(QResourceBase::CreateResource(scheduleProduct, plainScene));
+    const std::unique_ptr<QResourceVirtual> namer(QResourceBase::CreateResource(ProductSked, ScenePlain));
     for (QMarkCategoryVirtual* curve : subCategories()) {
         if (!curve)
             continue;
@@ -110,7 +110,7 @@ QMarkResCurve_Sked_Site::DrawnCurves QMarkResCurve_Sked_Site::drawnCurves() cons
 bool QMarkResCurve_Sked_Site::addCurveItem(const QString& chart, const QString& value,
                                            const QString& remark) {
     return SkedCategory::addFixedNode(CreateRatingItem(nullptr), rootItem(), chart,
-                                      SkedCategory::textValue(value), curveItemType, remark, true);
+                                      SkedCategory::textValue(value), SkedCurve, remark, true);
 }
 
 void QMarkResCurve_Sked_Site::BuildCurveItemsStd(QList<QResourceVirtual*>& resources) {
@@ -144,7 +144,7 @@ void QMarkResCurve_Sked_Site::BuildCurveItems(QList<QResourceVirtual*>& resource
         const QString name = resource->GetResourceName();
         if (name == ResCurveText::rawRebar())
             addToTotal(m_rawRebarTotal, resource->GetResPlanTotal());
-        else if (name == ResCurveText::cement() || name == ResCurveText::sand())
+        else if (name == ResCurveText::cement() || name == ResCurveText::sandGravel())
             addToTotal(m_concreteRawTotal, resource->GetResPlanTotal());
         if (!planned.contains(name)) {
             planned.insert(name);
@@ -187,7 +187,7 @@ void QMarkResCurve_Sked_Site::buildMachineItems(DrawnCurves& curves) {
             value =
                 machineCheck(name, curves, remark) ? ResCurveText::satisfied() : ResCurveText::unsatisfied();
         } else if ((name == ResCurveText::rebarProcessor() && m_rawRebarTotal == 0) ||
-                   (name == ResCurveText::mixer() && m_concreteRawTotal == 0)) {
+                   (name == ResCurveText::concreteMixer() && m_concreteRawTotal == 0)) {
             value = ResCurveText::satisfied(); // no material, so no machine is needed
         } else {
             remark = missingCurves({name});
@@ -222,7 +222,7 @@ bool QMarkResCurve_Sked_Site::machineCheck(const QString& machine, const DrawnCu
     int required = 0;
     if (machine == ResCurveText::rebarProcessor())
         required = ResCurveMath::roundHalfUp(m_rawRebarTotal / rebarPerProcessor);
-    else if (machine == ResCurveText::mixer())
+    else if (machine == ResCurveText::concreteMixer())
         required = ResCurveMath::roundHalfUp(m_concreteRawTotal / concretePerMixer);
     else
         return false;

@@ -5,6 +5,7 @@
 #ifndef RESCURVETEXTS_P_H
 #define RESCURVETEXTS_P_H
 
+#include "markruletables.h"
 #include "scenetexts_p.h"
 
 #include <QHash>
@@ -13,37 +14,17 @@
 
 namespace ResCurveText {
 
-// Canonical resource names (labour names are the scene's).
-inline QString rawRebar() {
-    return QStringLiteral("钢筋原材");
-}
-inline QString finishedRebar() {
-    return QStringLiteral("成品钢筋");
-}
-inline QString formwork() {
-    return QStringLiteral("模板");
-}
-inline QString readyConcrete() {
-    return QStringLiteral("成品混凝土");
-}
-inline QString sand() {
-    return QStringLiteral("砂石");
-}
-inline QString cement() {
-    return QStringLiteral("水泥");
-}
-inline QString generator() {
-    return QStringLiteral("发电机组");
-}
-inline QString waterPump() {
-    return QStringLiteral("供水泵机");
-}
-inline QString rebarProcessor() {
-    return QStringLiteral("钢筋加工机");
-}
-inline QString mixer() {
-    return QStringLiteral("混凝土搅拌机");
-}
+// Canonical resource names: the scene's.
+using SceneText::cement;
+using SceneText::concreteMixer;
+using SceneText::finishedRebar;
+using SceneText::formwork;
+using SceneText::generator;
+using SceneText::rawRebar;
+using SceneText::readyConcrete;
+using SceneText::rebarProcessor;
+using SceneText::sandGravel;
+using SceneText::waterPump;
 
 // A machinery chart: the machine, its chart and the criterion the standard states for it.
 struct MachineChart {
@@ -61,7 +42,7 @@ inline const QVector<MachineChart>& machineCharts() {
          QStringLiteral("资源曲线图存在且供水泵机配置时间和工程起止时间一致")},
         {rebarProcessor(), SceneText::rebarMachineCurve(),
          QStringLiteral("资源曲线图存在且钢筋加工机数量＞=钢筋原材总量/产能")},
-        {mixer(), SceneText::mixerCurve(),
+        {concreteMixer(), SceneText::mixerCurve(),
          QStringLiteral("资源曲线图存在且混凝土加工机数量＞=混凝土原材总量/产能")},
     };
     return charts;
@@ -78,22 +59,8 @@ inline QString machineCriterion(const QString& chart) {
 
 // The chart a canonical resource name is drawn in; a name without a chart of its own is its chart.
 inline QString chartOf(const QString& name) {
-    static const QHash<QString, QString> charts{
-        {SceneText::rebarWorker(), SceneText::rebarWorkerCurve()},
-        {SceneText::formworkWorker(), SceneText::formworkWorkerCurve()},
-        {SceneText::concreteWorker(), SceneText::concreteWorkerCurve()},
-        {rawRebar(), SceneText::rebarMaterialCurve()},
-        {finishedRebar(), SceneText::rebarMaterialCurve()},
-        {formwork(), SceneText::formworkMaterialCurve()},
-        {readyConcrete(), SceneText::concreteMaterialCurve()},
-        {sand(), SceneText::concreteMaterialCurve()},
-        {cement(), SceneText::concreteMaterialCurve()},
-        {generator(), SceneText::generatorCurve()},
-        {waterPump(), SceneText::waterPumpCurve()},
-        {mixer(), SceneText::mixerCurve()},
-        {rebarProcessor(), SceneText::rebarMachineCurve()},
-    };
-    return charts.value(name, name);
+    const QString chart = MarkRuleTables::chartName(name);
+    return chart.isEmpty() ? name : chart;
 }
 
 // Values of a curve criterion.

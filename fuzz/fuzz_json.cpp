@@ -3,37 +3,11 @@
 // general item; the result is written, read again and scored.
 #include "fuzz_common.h"
 
-#include "markrule.h"
-
 #include <QJsonDocument>
 
 #include <memory>
 
-namespace {
-
-const int kKinds = 7 + 24 + 1;
-
-class FuzzItem : public QRatingItem_General {
-public:
-    void* CreateRatingItem(QObject*) override { return MarkPointer::fromItem(new FuzzItem); }
-};
-
-std::unique_ptr<QObject> makeObject(int kind) {
-    if (kind < 7)
-        return std::unique_ptr<QObject>(QMarkCategoryBase::CreateMarkCategoryByType(5, 1, kind + 1));
-    if (kind < 31)
-        return std::unique_ptr<QObject>(QRatingItemBase::CreateRatingItemByType(12 + kind - 7));
-    return std::make_unique<FuzzItem>();
-}
-
-void serialize(QObject* object, QJsonObject& json, bool read) {
-    if (auto* category = qobject_cast<QMarkCategoryVirtual*>(object))
-        category->DoSerialize(json, read);
-    else if (auto* item = qobject_cast<QRatingItemVirtual*>(object))
-        item->DoSerialize(json, read);
-}
-
-} // namespace
+using namespace Fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (size < 1)
@@ -52,10 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     serialize(first.get(), written, false);
     std::unique_ptr<QObject> second = makeObject(kind);
     serialize(second.get(), written, true);
-    if (auto* item = qobject_cast<QRatingItemVirtual*>(second.get()))
-        item->ExecuteDBScore(MarkPointer::fromItem(qobject_cast<QRatingItemVirtual*>(first.get())), 1);
-    else if (auto* category = qobject_cast<QMarkCategoryVirtual*>(second.get()))
-        category->ExecuteDBScore(qobject_cast<QMarkCategoryVirtual*>(first.get()));
+    score(second.get(), first.get());
     return 0;
 }
 

@@ -4,47 +4,11 @@
 // back, read again into a fresh object and scored against the first.
 #include "fuzz_common.h"
 
-#include "markrule.h"
-
-#include <memory>
+using namespace Fuzz;
 
 namespace {
 
 const QDataStream::Version kVersions[] = {QDataStream::Qt_5_15, QDataStream::Qt_5_0, QDataStream::Qt_4_8};
-const int kKinds = 7 + 24 + 1;
-
-// A general item whose children are general items again, so that every record field is reached.
-class FuzzItem : public QRatingItem_General {
-public:
-    void* CreateRatingItem(QObject*) override { return MarkPointer::fromItem(new FuzzItem); }
-};
-
-std::unique_ptr<QObject> makeObject(int kind) {
-    if (kind < 7)
-        return std::unique_ptr<QObject>(QMarkCategoryBase::CreateMarkCategoryByType(5, 1, kind + 1));
-    if (kind < 31)
-        return std::unique_ptr<QObject>(QRatingItemBase::CreateRatingItemByType(12 + kind - 7));
-    return std::make_unique<FuzzItem>();
-}
-
-void serialize(QObject* object, QDataStream& stream, bool read) {
-    if (auto* category = qobject_cast<QMarkCategoryVirtual*>(object))
-        category->DoSerialize(stream, read);
-    else if (auto* item = qobject_cast<QRatingItemVirtual*>(object))
-        item->DoSerialize(stream, read);
-}
-
-void score(QObject* candidate, QObject* standard) {
-    if (auto* category = qobject_cast<QMarkCategoryVirtual*>(candidate)) {
-        auto* other = qobject_cast<QMarkCategoryVirtual*>(standard);
-        other->AssignScore(10.0);
-        category->ExecuteDBScore(other);
-    } else if (auto* item = qobject_cast<QRatingItemVirtual*>(candidate)) {
-        auto* other = qobject_cast<QRatingItemVirtual*>(standard);
-        other->RedistributeScore(10.0);
-        item->ExecuteDBScore(MarkPointer::fromItem(other), 1);
-    }
-}
 
 } // namespace
 

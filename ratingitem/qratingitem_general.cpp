@@ -1,4 +1,5 @@
 #include "qratingitem_general.h"
+#include "markrulecodes.h"
 
 #include "calcalgorithm.h"
 #include "markpointer.h"
@@ -8,13 +9,7 @@
 #include <QJsonValue>
 #include <QStringList>
 
-namespace {
-
-// Smallest stream record of a child: five integers, five empty strings, three doubles (four bytes at
-// single precision), a bool, an invalid variant and a child count.
-const qint64 kMinItemRecordBytes = 5 * 4 + 5 * 4 + 3 * 4 + 1 + 5 + 4;
-
-} // namespace
+using namespace MarkCode;
 
 QRatingItem_General::QRatingItem_General(QObject* parent) : QRatingItemBase(parent) {}
 QRatingItem_General::~QRatingItem_General() = default;
@@ -83,12 +78,12 @@ void QRatingItem_General::DoSerializeExtra(QDataStream&, const bool&) {}
 void QRatingItem_General::DoSerializeExtra(QJsonObject&, const bool&) {}
 
 void QRatingItem_General::SetRatingItemValue(const int& value) {
-    m_dataType = 5;
+    m_dataType = DataInteger;
     m_value = QString::number(value);
 }
 
 void QRatingItem_General::SetRatingItemValue(const double& value) {
-    m_dataType = 1;
+    m_dataType = DataDouble;
     m_value = QString::number(value, 'f', 10);
 }
 
@@ -97,29 +92,29 @@ void QRatingItem_General::SetRatingItemValue(const QString& text, const bool&) {
 }
 
 QString QRatingItem_General::formatValue(const QString& text) const {
-    if (m_dataType != 1 && m_dataType != 5)
+    if (m_dataType != DataDouble && m_dataType != DataInteger)
         return text;
     const double number = text.toDouble(); // text that is not a number reads as 0
     return Double2String(number, m_precision);
 }
 
 QString QRatingItem_General::GetRatingItemCode(const QString& text) {
-    return (m_indexRule == 4 || m_indexRule == 5) ? text : m_code;
+    return (m_indexRule == IndexByAttributeList || m_indexRule == IndexByValue) ? text : m_code;
 }
 
 QString QRatingItem_General::GetRatingItemIndex() {
     QString text;
     switch (m_indexRule) {
-    case 0:
+    case IndexByCode:
         text = m_code;
         break;
-    case 1:
+    case IndexByName:
         text = m_name;
         break;
-    case 4:
+    case IndexByAttributeList:
         text = m_attribute.toStringList().join(QLatin1Char(','));
         break;
-    case 5:
+    case IndexByValue:
         text = m_value;
         break;
     default:
@@ -157,21 +152,25 @@ double QRatingItem_General::ExecuteDBScore(void* standardItem, const int& mode) 
     QRatingItem_General* standard = MarkPointer::item<QRatingItem_General>(standardItem);
     if (!standard)
         return 0.0;
+    // The standard's score (the marks its tree carries) and its stored value; the status is not kept.
     m_scoreStd = standard->m_score;
     m_valueStd = standard->m_value;
+    return scoreAgainst(*standard, standardItem, mode);
+}
+
+double QRatingItem_General::scoreAgainst(QRatingItemVirtual& standard, void* standardItem, const int& mode) {
     SetRatingItemStatus(mode, standardItem);
-    if (standard->HasChildRatingItem()) {
+    if (standard.HasChildRatingItem()) {
         clearChildList();
         ScoreChildRatingItems(mode, standardItem);
-        return m_score;
-    }
-    if (mode == 1)
+    } else if (mode == StatusOrdinary) {
         m_score = CalculateRatingItemScore(standardItem);
+    }
     return m_score;
 }
 
 void QRatingItem_General::SetRatingItemStatus(const int& status, void* standardItem) {
-    if (status == 2) {
+    if (status == StatusMissing) {
         QRatingItem_General* standard = MarkPointer::item<QRatingItem_General>(standardItem);
         if (!standard)
             return;
@@ -188,7 +187,7 @@ void QRatingItem_General::SetRatingItemStatus(const int& status, void* standardI
         m_upperRange = standard->m_upperRange;
         m_attribute = standard->m_attribute;
         m_remark = RatingItemText::missing();
-    } else if (status == 4) {
+    } else if (status == StatusSurplus) {
         ClearLastRatingData();
         m_remark = RatingItemText::surplus();
     } else {
@@ -200,15 +199,37 @@ void QRatingItem_General::ScoreChildRatingItems(const int& mode, void* standardI
     QRatingItemVirtual* standard = MarkPointer::item(standardItem);
     if (!standard)
         return;
+    // Unmatched children are surplus when there are any and this item does not ignore them.
+    scoreChildren(*standard, mode, [this](const QMultiMap<QString, void*>& remaining) {
+        return !remaining.isEmpty() && !IsSurplusIgnored();
+    });
+}
+
+void QRatingItem_General::scoreChildren(QRatingItemVirtual& standard, const int& mode,
+                                        const SurplusRule& surplusCounts) {
     QMultiMap<QString, void*> remaining = answerChildMap();
     m_score = 0.0;
     QList<void*> standardChildren;
-    standard->GetRatingItemList(standardChildren);
+    standard.GetRatingItemList(standardChildren);
     MatchChildRatingItems(mode, remaining, standardChildren);
-    if (!remaining.isEmpty() && !IsSurplusIgnored())
+    if (surplusCounts(remaining))
         HandleSurplusRatingItems(remaining, standardChildren);
-    if (mode == 1)
+    if (mode == StatusOrdinary)
         AdjustRatingItemScore();
+}
+
+bool QRatingItem_General::addMissingChild(void* standardChild, bool nextLevel) {
+    void* created = CreateRatingItem(nullptr);
+    QRatingItemVirtual* missing = MarkPointer::item(created);
+    if (!missing) {
+        delete MarkPointer::object(created);
+        return false;
+    }
+    appendChild(created);
+    if (nextLevel)
+        missing->SetRatingItemLevel(m_level + 1);
+    m_score += missing->ExecuteDBScore(standardChild, StatusMissing);
+    return true;
 }
 
 void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
@@ -238,14 +259,8 @@ void QRatingItem_General::MatchChildRatingItems(const int& mode, QMultiMap<QStri
             remaining.remove(key);
             continue;
         }
-        void* created = CreateRatingItem(nullptr);
-        QRatingItemVirtual* missing = MarkPointer::item(created);
-        if (!missing) {
-            delete MarkPointer::object(created);
+        if (!addMissingChild(standardPointer, false))
             return;
-        }
-        appendChild(created);
-        m_score += missing->ExecuteDBScore(standardPointer, 2);
     }
     SkipRatingItemMatch(candidates, true);
 }
@@ -257,7 +272,7 @@ void QRatingItem_General::HandleSurplusRatingItems(QMultiMap<QString, void*>& re
         if (!surplus || listed.contains(it.value()))
             continue;
         listed.insert(it.value());
-        surplus->SetRatingItemStatus(4, nullptr);
+        surplus->SetRatingItemStatus(StatusSurplus, nullptr);
         appendChild(it.value());
     }
 }
@@ -267,78 +282,47 @@ void QRatingItem_General::DoSerialize(QJsonObject& object, const bool& read) {
     QRatingItemBase::DoSerialize(object, read);
 }
 
+RecordIO::Fields QRatingItem_General::recordFields() {
+    return {{"attribute", m_attributeType},
+            {"indexrule", m_indexRule},
+            {"scorerule", m_scoreRule},
+            {"datatype", m_dataType},
+            {"precision", m_precision},
+            {"code", m_code},
+            {"name", m_name},
+            {"value", m_value},
+            {"unit", m_unit},
+            {"remark", m_remark},
+            {"score", m_score},
+            {"upperrange", m_upperRange},
+            {"lowerrange", m_lowerRange},
+            {"locked", m_locked},
+            {"attridata", m_attribute}};
+}
+
 void QRatingItem_General::DoSerializeItem(QJsonObject& object, const bool& read) {
-    using namespace RecordIO;
-    if (read) {
-        m_attributeType = jsonInt(object, QStringLiteral("attribute"));
-        m_indexRule = jsonInt(object, QStringLiteral("indexrule"));
-        m_scoreRule = jsonInt(object, QStringLiteral("scorerule"));
-        m_dataType = jsonInt(object, QStringLiteral("datatype"));
-        m_precision = jsonInt(object, QStringLiteral("precision"));
-        m_code = jsonString(object, QStringLiteral("code"));
-        m_name = jsonString(object, QStringLiteral("name"));
-        m_value = jsonString(object, QStringLiteral("value"));
-        m_unit = jsonString(object, QStringLiteral("unit"));
-        m_remark = jsonString(object, QStringLiteral("remark"));
-        m_score = jsonDouble(object, QStringLiteral("score"));
-        m_upperRange = jsonDouble(object, QStringLiteral("upperrange"));
-        m_lowerRange = jsonDouble(object, QStringLiteral("lowerrange"));
-        m_locked = jsonBool(object, QStringLiteral("locked"));
-        QJsonValue attribute = object.value(QStringLiteral("attridata"));
-        if (attribute.isUndefined())
-            attribute = QJsonValue(QJsonValue::Null);
-        m_attribute = attribute.toVariant();
-    } else {
-        object.insert(QStringLiteral("attribute"), m_attributeType);
-        object.insert(QStringLiteral("indexrule"), m_indexRule);
-        object.insert(QStringLiteral("scorerule"), m_scoreRule);
-        object.insert(QStringLiteral("datatype"), m_dataType);
-        object.insert(QStringLiteral("precision"), m_precision);
-        object.insert(QStringLiteral("code"), m_code);
-        object.insert(QStringLiteral("name"), m_name);
-        object.insert(QStringLiteral("value"), m_value);
-        object.insert(QStringLiteral("unit"), m_unit);
-        object.insert(QStringLiteral("remark"), m_remark);
-        object.insert(QStringLiteral("score"), m_score);
-        object.insert(QStringLiteral("upperrange"), m_upperRange);
-        object.insert(QStringLiteral("lowerrange"), m_lowerRange);
-        object.insert(QStringLiteral("locked"), m_locked);
-        object.insert(QStringLiteral("attridata"), QJsonValue::fromVariant(m_attribute));
-    }
+    recordFields().serialize(object, read);
     DoSerializeExtra(object, read);
 }
 
 void QRatingItem_General::DoSerialize(QDataStream& stream, const bool& read) {
-    RecordIO::DepthGuard guard;
-    if (!guard.ok()) {
-        stream.setStatus(read ? QDataStream::ReadCorruptData : QDataStream::WriteFailed);
+    serializeRecord(stream, read, recordFields(), QRatingItemVirtual::staticMetaObject);
+}
+
+void QRatingItem_General::serializeRecord(QDataStream& stream, bool read, const RecordIO::Fields& fields,
+                                          const QMetaObject& childClass, bool withExtra) {
+    const RecordIO::DepthGuard guard;
+    if (!RecordIO::admit(guard, stream, read) || !fields.serialize(stream, read))
         return;
-    }
-    if (!read) {
-        stream << qint32(m_attributeType) << qint32(m_indexRule) << qint32(m_scoreRule) << qint32(m_dataType)
-               << qint32(m_precision) << m_code << m_name << m_value << m_unit << m_remark << m_score
-               << m_upperRange << m_lowerRange << m_locked;
-        RecordIO::writeVariant(stream, m_attribute);
-        DoSerializeExtra(stream, false);
-        writeChildRecords(stream, QRatingItemVirtual::staticMetaObject);
-        return;
-    }
-    qint32 attributeType = 0, indexRule = 0, scoreRule = 0, dataType = 0, precision = 0;
-    stream >> attributeType >> indexRule >> scoreRule >> dataType >> precision >> m_code >> m_name >>
-        m_value >> m_unit >> m_remark >> m_score >> m_upperRange >> m_lowerRange >> m_locked;
-    m_attributeType = attributeType;
-    m_indexRule = indexRule;
-    m_scoreRule = scoreRule;
-    m_dataType = dataType;
-    m_precision = precision;
+    if (withExtra)
+        DoSerializeExtra(stream, read);
     if (!RecordIO::good(stream))
         return;
-    RecordIO::readVariant(stream, m_attribute);
-    if (!RecordIO::good(stream))
-        return;
-    DoSerializeExtra(stream, true);
-    if (RecordIO::good(stream))
-        readChildRecords(stream, kMinItemRecordBytes);
+    // A child record is at least as long as this class's fields and its child count.
+    if (read)
+        readChildRecords(stream, fields.minimumBytes() + RecordIO::kCountBytes);
+    else
+        writeChildRecords(stream, childClass);
 }
 
 void QRatingItem_General::writeChildRecords(QDataStream& stream, const QMetaObject& recordClass) {

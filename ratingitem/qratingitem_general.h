@@ -11,6 +11,12 @@
 
 #include <QVariant>
 
+#include <functional>
+
+namespace RecordIO {
+class Fields;
+}
+
 class MARKRULE_EXPORT QRatingItem_General : public QRatingItemBase {
     Q_OBJECT
 public:
@@ -61,8 +67,28 @@ public:
     virtual void DoSerializeExtra(QJsonObject& object, const bool& read);
 
 protected:
-    // A stored value text as shown: numbers (data types 1 and 5) formatted with the precision.
+    // The scoring skeleton that every family's ExecuteDBScore ends with, once it has taken what it
+    // needs from the standard: the status step, then the children when the standard has any (the
+    // children list is rebuilt), else the leaf rule in ordinary mode. Returns the score.
+    double scoreAgainst(QRatingItemVirtual& standard, void* standardItem, const int& mode);
+    // Whether the candidate children left unmatched are handed to HandleSurplusRatingItems.
+    using SurplusRule = std::function<bool(const QMultiMap<QString, void*>& remaining)>;
+    // The child-scoring skeleton of every family's ScoreChildRatingItems: the score restarts at 0,
+    // the children are matched against the standard's, the surplus step runs where surplusCounts
+    // says so, and in ordinary mode the sign clamp follows.
+    void scoreChildren(QRatingItemVirtual& standard, const int& mode, const SurplusRule& surplusCounts);
+    // Appends a new item (CreateRatingItem) for a standard child the candidate lacks and adds its
+    // missing-mode score; at nextLevel it sits one level below this item. False when no item came.
+    bool addMissingChild(void* standardChild, bool nextLevel);
+
+    // A stored value text as shown: numbers (MarkCode::DataDouble, DataInteger) formatted with the precision.
     QString formatValue(const QString& text) const;
+
+    // The stream record of an item: its fields, then DoSerializeExtra where withExtra, then the child
+    // records (children whose class inherits childClass; read through CreateRatingItem). Refused past
+    // the nesting limit; reading stops at the first failed read.
+    void serializeRecord(QDataStream& stream, bool read, const RecordIO::Fields& fields,
+                         const QMetaObject& childClass, bool withExtra = true);
 
     // The child part of every item stream record: the number of children that have a record (those
     // whose class inherits recordClass), then each one's record in child order.
@@ -73,6 +99,11 @@ protected:
     // the broken one included, stay in the tree.
     void readChildRecords(QDataStream& stream, qint64 minRecordBytes);
 
+private:
+    // The item record's fields, bound to this item, in stream order.
+    RecordIO::Fields recordFields();
+
+protected:
     int m_dataType = 0;
     int m_indexRule = 0;
     int m_scoreRule = 0;

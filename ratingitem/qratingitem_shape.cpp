@@ -1,16 +1,19 @@
 #include "qratingitem_shape.h"
+#include "markrulecodes.h"
 
 #include "calcalgorithm.h"
 #include "markpointer.h"
 
 #include <cmath>
 
+using namespace MarkCode;
+
 namespace {
 
 const double kEpsilon = 1e-10;
 
 bool isNumeric(int dataType) {
-    return dataType == 1 || dataType == 5;
+    return dataType == DataDouble || dataType == DataInteger;
 }
 
 // Score factors by the ratio of the candidate's value to the standard's: (lower, upper, factor).
@@ -63,24 +66,24 @@ double QRatingItem_Shape::CalculateRatingItemScore(void* standardItem) {
     const double& points = standard->m_score;
     const bool numeric = isNumeric(m_dataType);
     switch (m_scoreRule) {
-    case 0:
-        if (m_dataType == 0)
+    case ScoreContrast:
+        if (m_dataType == DataText)
             return CAL_Contrast(text, standardText, points, true);
         if (numeric)
             return CAL_Contrast(number, standardNumber, points);
         return 0.0;
-    case 1:
+    case ScoreInterval:
         if (numeric)
             return CAL_Interval(number, standardNumber, points, standard->m_upperRange,
                                 standard->m_lowerRange, m_remark);
         return 0.0;
-    case 101:
+    case ScoreContainRatio:
         return CAL_Contain_Ratio(text, standardText, points, true);
-    case 103:
+    case ScoreValueRatio:
         if (numeric)
             return CAL_Value_Ratio(number, standardNumber, points, m_remark);
         return 0.0;
-    case 104:
+    case ScoreSegmentRatio:
         if (numeric)
             return CAL_Segment_Ratio(number, standardNumber, points, segmentTable(), m_remark);
         return 0.0;

@@ -1,4 +1,5 @@
 #include "qratingitem_sked.h"
+#include "markrulecodes.h"
 
 #include "markpointer.h"
 #include "markpublic.h"
@@ -8,12 +9,47 @@
 
 #include <QSet>
 
+using namespace MarkCode;
+
 namespace {
 
 // The host's calculation record. It is a plain struct, not an object, so MarkPointer cannot check
 // it: the host contract guarantees the type of a non-null record.
 CalculateRecord* calculateRecord(void* record) {
     return static_cast<CalculateRecord*>(record);
+}
+
+// The schedule items of the map, each once, in map order.
+QList<QRatingItem_Sked*> distinctSkedItems(const QMultiMap<QString, void*>& items) {
+    QList<QRatingItem_Sked*> result;
+    QSet<void*> seen;
+    for (auto it = items.cbegin(); it != items.cend(); ++it) {
+        QRatingItem_Sked* item = MarkPointer::item<QRatingItem_Sked>(it.value());
+        if (item && !seen.contains(it.value())) {
+            seen.insert(it.value());
+            result.append(item);
+        }
+    }
+    return result;
+}
+
+// The template of surplus items: the first unlocked standard child, else the last one.
+QRatingItemVirtual* surplusTemplate(const QList<void*>& standardChildren) {
+    for (void* pointer : standardChildren) {
+        QRatingItemVirtual* child = MarkPointer::item(pointer);
+        if (child && !child->GetRatingItemLock())
+            return child;
+    }
+    return standardChildren.isEmpty() ? nullptr : MarkPointer::item(standardChildren.last());
+}
+
+// The first entry that is a rating item, or null.
+void* firstItem(const QList<void*>& items) {
+    for (void* pointer : items) {
+        if (MarkPointer::item(pointer))
+            return pointer;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -42,7 +78,7 @@ void QRatingItem_Sked::reset(QRatingItem_Sked* linkedItem) {
     m_locked = false;
     m_offset = 0.0;
     m_attributeType = 0;
-    m_status = 0;
+    m_status = StatusNone;
     m_linkedItem = linkedItem;
     m_editable = false;
     m_identical = false;
@@ -159,34 +195,21 @@ void QRatingItem_Sked::SetRatingItemValue(const QString& text, const bool& trans
 double QRatingItem_Sked::ExecuteDBScore(void* standardItem, const int& mode) {
     QRatingItem_Sked* standard = MarkPointer::item<QRatingItem_Sked>(standardItem);
     if (!standard)
-        return m_score;
-    m_status = mode;
+        return m_score; // a schedule item keeps its score when there is no standard
+    m_status = mode;    // and keeps the mode as its status
+    // The standard's standard score and standard value, not its score and value.
     m_scoreStd = standard->m_scoreStd;
     m_valueStd = standard->m_valueStd;
-    SetRatingItemStatus(mode, standardItem);
-    if (standard->HasChildRatingItem()) {
-        clearChildList();
-        ScoreChildRatingItems(mode, standardItem);
-        return m_score;
-    }
-    if (mode == 1)
-        m_score = CalculateRatingItemScore(standardItem);
-    return m_score;
+    return scoreAgainst(*standard, standardItem, mode);
 }
 
 void QRatingItem_Sked::ScoreChildRatingItems(const int& mode, void* standardItem) {
     QRatingItem_Sked* standard = MarkPointer::item<QRatingItem_Sked>(standardItem);
     if (!standard)
         return;
-    QMultiMap<QString, void*> remaining = answerChildMap();
-    m_score = 0.0;
-    QList<void*> standardChildren;
-    standard->GetRatingItemList(standardChildren);
-    MatchChildRatingItems(mode, remaining, standardChildren);
-    if (!standard->m_identical)
-        HandleSurplusRatingItems(remaining, standardChildren);
-    if (mode == 1)
-        AdjustRatingItemScore();
+    // Surplus children count unless the standard is marked identical, even when none are left.
+    scoreChildren(*standard, mode,
+                  [standard](const QMultiMap<QString, void*>&) { return !standard->m_identical; });
 }
 
 void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString, void*>& remaining,
@@ -207,62 +230,39 @@ void QRatingItem_Sked::MatchChildRatingItems(const int& mode, QMultiMap<QString,
             QRatingItem_Sked* candidate = MarkPointer::item<QRatingItem_Sked>(pointer);
             if (!candidate)
                 continue;
-            const int childMode = (mode == 3 || position > 0) ? 3 : 1;
+            const int childMode =
+                (mode == StatusDuplicate || position > 0) ? StatusDuplicate : StatusOrdinary;
             ++position;
-            if (candidate->m_attributeType == 4)
+            if (candidate->m_attributeType == SkedWorkItemNode)
                 candidate->m_valueStd.clear();
             m_score += candidate->ExecuteDBScore(standardPointer, childMode);
             appendChild(pointer);
         }
         if (!candidates.isEmpty())
             continue;
-        void* created = CreateRatingItem(nullptr);
-        QRatingItemVirtual* missing = MarkPointer::item(created);
-        if (!missing) {
-            delete MarkPointer::object(created);
+        // A schedule item's missing item sits one level below it.
+        if (!addMissingChild(standardPointer, true))
             return;
-        }
-        appendChild(created);
-        missing->SetRatingItemLevel(m_level + 1);
-        m_score += missing->ExecuteDBScore(standardPointer, 2);
     }
 }
 
 void QRatingItem_Sked::HandleSurplusRatingItems(QMultiMap<QString, void*>& remaining,
                                                 QList<void*>& standardChildren) {
-    QList<QRatingItem_Sked*> surplusItems;
-    QSet<void*> seen;
-    for (auto it = remaining.cbegin(); it != remaining.cend(); ++it) {
-        QRatingItem_Sked* surplus = MarkPointer::item<QRatingItem_Sked>(it.value());
-        if (surplus && !seen.contains(it.value())) {
-            seen.insert(it.value());
-            surplusItems.append(surplus);
-        }
-    }
+    const QList<QRatingItem_Sked*> surplusItems = distinctSkedItems(remaining);
     if (surplusItems.isEmpty())
         return;
-
     switch (m_attributeType) {
-    case 1:
-    case 3:
-    case 15: {
-        // The template is the first unlocked standard child, else the last one.
-        QRatingItemVirtual* templ = nullptr;
-        for (void* pointer : standardChildren) {
-            QRatingItemVirtual* child = MarkPointer::item(pointer);
-            if (child && !child->GetRatingItemLock()) {
-                templ = child;
-                break;
-            }
-        }
-        if (!templ && !standardChildren.isEmpty())
-            templ = MarkPointer::item(standardChildren.last());
+    case SkedIntegrityRoot:
+    case SkedAttributeRoot:
+    case SkedLogicRoot: {
+        // Surplus children are deducted against a template standard child, down their subtree.
+        QRatingItemVirtual* templ = surplusTemplate(standardChildren);
         if (!templ)
             return;
         QList<void*> templateChildren;
         templ->GetRatingItemList(templateChildren);
         for (QRatingItem_Sked* surplus : surplusItems) {
-            surplus->SetRatingItemStatus(4, MarkPointer::fromItem(templ));
+            surplus->SetRatingItemStatus(StatusSurplus, MarkPointer::fromItem(templ));
             m_score += surplus->m_score;
             QMultiMap<QString, void*> grandChildren = surplus->answerChildMap();
             surplus->HandleSurplusRatingItems(grandChildren, templateChildren);
@@ -270,18 +270,13 @@ void QRatingItem_Sked::HandleSurplusRatingItems(QMultiMap<QString, void*>& remai
         }
         break;
     }
-    case 4: {
-        void* first = nullptr;
-        for (void* pointer : standardChildren) {
-            if (MarkPointer::item(pointer)) {
-                first = pointer;
-                break;
-            }
-        }
+    case SkedWorkItemNode: {
+        // Attributes of a work item: judged against the first standard attribute, not listed.
+        void* first = firstItem(standardChildren);
         if (!first)
             return;
         for (QRatingItem_Sked* surplus : surplusItems)
-            surplus->SetRatingItemStatus(4, first);
+            surplus->SetRatingItemStatus(StatusSurplus, first);
         break;
     }
     default:
@@ -294,60 +289,70 @@ void QRatingItem_Sked::SetRatingItemStatus(const int& status, void* standardItem
     if (!standard)
         return;
     switch (status) {
-    case 2: {
-        const int type = standard->m_attributeType;
-        if (type == 4 || type == 16)
-            m_value.clear();
-        else if (type == 22)
-            m_value = SkedText::missingCurveValue();
-        else
-            m_value = QStringLiteral("0");
-        m_name = standard->m_name;
-        m_remark = RatingItemText::missing();
-        m_unit = standard->m_unit;
-        m_score = 0.0;
-        m_attributeType = type;
+    case StatusMissing:
+        takeMissing(*standard);
         break;
-    }
-    case 3:
+    case StatusDuplicate:
         m_remark = SkedText::duplicate();
         m_score = -standard->m_scoreStd;
         break;
-    case 4:
-        switch (m_attributeType) {
-        case 2:
-            m_valueStd = QStringLiteral("0");
-            m_remark = SkedText::surplusDeducted();
-            m_score = -standard->m_scoreStd;
-            break;
-        case 5:
-        case 8:
-        case 11:
-        case 12:
-        case 13:
-        case 14:
-        case 6:
-        case 7:
-        case 9:
-        case 10: {
-            // Attributes of a surplus work item are neither scored nor deducted; the numeric ones
-            // show a standard value of 0, the textual ones (6, 7, 9, 10) none.
-            const bool textual =
-                m_attributeType == 6 || m_attributeType == 7 || m_attributeType == 9 || m_attributeType == 10;
-            m_valueStd = textual ? QString() : QStringLiteral("0");
-            m_score = 0.0;
-            m_scoreStd = 0.0;
-            m_remark.clear();
-            break;
-        }
-        default:
-            m_remark = SkedText::surplusDeducted();
-            m_score = -standard->m_scoreStd;
-            m_valueStd.clear();
-            break;
-        }
+    case StatusSurplus:
+        takeSurplus(*standard);
         break;
     default:
         break;
     }
+}
+
+void QRatingItem_Sked::takeMissing(const QRatingItem_Sked& standard) {
+    const int type = standard.m_attributeType;
+    if (type == SkedWorkItemNode || type == SkedLogicRelation)
+        m_value.clear();
+    else if (type == SkedCurve)
+        m_value = SkedText::missingCurveValue();
+    else
+        m_value = QStringLiteral("0");
+    m_name = standard.m_name;
+    m_remark = RatingItemText::missing();
+    m_unit = standard.m_unit;
+    m_score = 0.0;
+    m_attributeType = type;
+}
+
+void QRatingItem_Sked::takeSurplus(const QRatingItem_Sked& standard) {
+    switch (m_attributeType) {
+    case SkedWorkItemCount:
+        m_valueStd = QStringLiteral("0");
+        m_remark = SkedText::surplusDeducted();
+        m_score = -standard.m_scoreStd;
+        break;
+    case SkedDuration:
+    case SkedPlannedQuantity:
+    case SkedLineWidth:
+    case SkedLabourIntensity:
+    case SkedMaterialTotal:
+    case SkedNumericReserved:
+        // Attributes of a surplus work item are neither scored nor deducted: numeric ones show a
+        // standard value of 0, textual ones none.
+        withholdScore(QStringLiteral("0"));
+        break;
+    case SkedQuantityCode:
+    case SkedQuantityName:
+    case SkedQuantityUnit:
+    case SkedColour:
+        withholdScore(QString());
+        break;
+    default:
+        m_remark = SkedText::surplusDeducted();
+        m_score = -standard.m_scoreStd;
+        m_valueStd.clear();
+        break;
+    }
+}
+
+void QRatingItem_Sked::withholdScore(const QString& valueStd) {
+    m_valueStd = valueStd;
+    m_score = 0.0;
+    m_scoreStd = 0.0;
+    m_remark.clear();
 }

@@ -4,7 +4,7 @@
 // page, order of processes, total duration, curve variance, logic chains in the candidate's
 // network); missing, duplicate and surplus criteria get fixed remarks and lose or withhold marks.
 //
-// Status and mode numbers: 1 ordinary, 2 missing, 3 duplicate, 4 surplus.
+// Status and mode numbers, attribute types: MarkCode::ScoreStatus and MarkCode::SkedAttribute.
 #ifndef QRATINGITEM_SKED_H
 #define QRATINGITEM_SKED_H
 
@@ -89,6 +89,11 @@ protected:
 
 private:
     void reset(QRatingItem_Sked* linkedItem);
+    // Status steps: a missing item copies the standard's description; a surplus item is deducted
+    // or, for the attributes of a work item, has its score withheld.
+    void takeMissing(const QRatingItem_Sked& standard);
+    void takeSurplus(const QRatingItem_Sked& standard);
+    void withholdScore(const QString& valueStd);
 };
 
 #endif // QRATINGITEM_SKED_H

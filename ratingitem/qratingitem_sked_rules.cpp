@@ -1,5 +1,6 @@
 // Leaf rules of the schedule rating item, chosen by attribute type, and the logic-chain search.
 #include "qratingitem_sked.h"
+#include "markrulecodes.h"
 
 #include "markpointer.h"
 #include "skedtexts_p.h"
@@ -8,6 +9,8 @@
 #include <QVector>
 
 #include <unordered_set>
+
+using namespace MarkCode;
 
 namespace {
 
@@ -113,35 +116,35 @@ double QRatingItem_Sked::CalculateRatingItemScore(void* standardItem) {
     if (!standard)
         return 0.0;
     switch (m_attributeType) {
-    case 2:
+    case SkedWorkItemCount:
         if (m_uniqueValue == standard->m_uniqueValue)
             return fullScore(*standard);
         if (asInteger(m_uniqueValue) >= 2)
             m_remark = SkedText::duplicateWorkItem();
         return 0.0;
-    case 5:
+    case SkedDuration:
         return scoreFixedOrWeeklyDuration(*standard);
-    case 10:
+    case SkedColour:
         if (m_uniqueValue == standard->m_uniqueValue)
             return fullScore(*standard);
         m_remark = SkedText::noColour();
         return 0.0;
-    case 11:
+    case SkedLineWidth:
         return scoreLineWidth(*standard);
-    case 12:
+    case SkedLabourIntensity:
         return asInteger(m_uniqueValue) >= 1 ? fullScore(*standard) : 0.0;
-    case 16:
+    case SkedLogicRelation:
         return scoreLogicChains(*standard);
-    case 19:
+    case SkedGanttRowsPerPage:
         return scoreRowsPerPage(*standard);
-    case 20:
+    case SkedGanttOrder:
         return scoreProcessOrder(*standard);
-    case 28:
+    case SkedTotalDuration:
         return scoreTotalDuration(*standard);
-    case 29:
-    case 30:
-    case 31:
-    case 32:
+    case SkedLabourCurve:
+    case SkedRebarCurve:
+    case SkedConcreteCurve:
+    case SkedFormworkCurve:
         return scoreCurveVariance(*standard);
     default:
         return m_uniqueValue == standard->m_uniqueValue ? fullScore(*standard) : 0.0;

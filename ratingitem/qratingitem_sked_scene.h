@@ -40,6 +40,10 @@ protected:
     QRatingItemVirtual* logicOwner() const { return m_logicOwner; }
 
 private:
+    // The Site record's fields, bound to this item, in stream order; the stream record starts with
+    // the class name, written from and read into className (it is not part of the JSON record).
+    RecordIO::Fields recordFields(QString& className);
+
     QPointer<QRatingItemVirtual> m_logicOwner;
 };
 

@@ -1,4 +1,5 @@
 #include "qratingitem_tally.h"
+#include "markrulecodes.h"
 
 #include "calcalgorithm.h"
 #include "markpointer.h"
@@ -9,18 +10,20 @@
 
 #include <cmath>
 
+using namespace MarkCode;
+
 namespace {
 
 const double kEpsilon = 1e-10;
 
-// Matching key of a pricing item: code (attribute type 10), code and name (11), or name.
+// Matching key of a pricing item: code, code and name, or name, by its attribute type.
 QString tallyKey(QRatingItemVirtual* item) {
     QString key;
     switch (item->GetAttributeType()) {
-    case 10:
+    case TallyMatchByCode:
         key = item->GetRatingItemCode();
         break;
-    case 11:
+    case TallyMatchByCodeAndName:
         key = item->GetRatingItemCode() + item->GetRatingItemName();
         break;
     default:
@@ -31,29 +34,20 @@ QString tallyKey(QRatingItemVirtual* item) {
 }
 
 // Attribute types whose children list returns to every added child after scoring, without missing
-// items; type 1 additionally falls back to the first candidate child.
+// items.
 bool restoresAddedChildren(int attributeType) {
     switch (attributeType) {
-    case 2:
-    case 3:
-    case 4:
-    case 15:
-    case 17:
-    case 18:
+    case TallyKeepAdded2:
+    case TallyKeepAdded3:
+    case TallyKeepAdded4:
+    case TallyKeepAdded15:
+    case TallyKeepAdded17:
+    case TallyKeepAdded18:
         return true;
     default:
         return false;
     }
 }
-
-// Reads the fields in order and stops at the first failed read.
-template <class... Fields> bool readFields(QDataStream& stream, Fields&... fields) {
-    return ((RecordIO::good(stream) && (stream >> fields, RecordIO::good(stream))) && ...);
-}
-
-// Smallest stream record of a pricing child: three integers, six empty strings, seven doubles (four
-// bytes at single precision), two bools and the child count.
-const qint64 kMinItemRecordBytes = 3 * 4 + 6 * 4 + 7 * 4 + 2 * 1 + 4;
 
 } // namespace
 
@@ -142,7 +136,7 @@ int QRatingItem_Tally::GetRatingItemColor() {
 }
 
 bool QRatingItem_Tally::IsSurplusIgnored() {
-    return m_attributeType == 1 || restoresAddedChildren(m_attributeType);
+    return m_attributeType == TallyAnyChild || restoresAddedChildren(m_attributeType);
 }
 
 const QList<void*>& QRatingItem_Tally::addedChildren() {
@@ -167,17 +161,10 @@ double QRatingItem_Tally::ExecuteDBScore(void* standardItem, const int& mode) {
     QRatingItem_Tally* standard = MarkPointer::item<QRatingItem_Tally>(standardItem);
     if (!standard)
         return 0.0;
-    m_scoreStd = standard->m_scoreStd;
-    m_status = mode;
-    m_valueStd = twoDecimals(standard->m_rate); // unlike the value text, no zero rule
-    SetRatingItemStatus(mode, standardItem);
-    if (standard->HasChildRatingItem()) {
-        clearChildList();
-        ScoreChildRatingItems(mode, standardItem);
-    } else if (mode == 1) {
-        m_score = CalculateRatingItemScore(standardItem);
-    }
-    return m_score;
+    m_scoreStd = standard->m_scoreStd;          // the standard's standard score, not its score
+    m_status = mode;                            // a pricing item keeps the mode as its status
+    m_valueStd = twoDecimals(standard->m_rate); // the standard's rate; unlike the value text, no zero rule
+    return scoreAgainst(*standard, standardItem, mode);
 }
 
 double QRatingItem_Tally::CalculateRatingItemScore(void* standardItem) {
@@ -191,7 +178,7 @@ double QRatingItem_Tally::CalculateRatingItemScore(void* standardItem) {
 bool QRatingItem_Tally::SkipRatingItemMatch(QList<void*>& candidates, const bool& finished) {
     if (!finished && !candidates.isEmpty())
         return false;
-    if (m_attributeType == 1) {
+    if (m_attributeType == TallyAnyChild) {
         candidates = answerChildMap().values();
         return false;
     }
@@ -271,77 +258,35 @@ void QRatingItem_Tally::SetRatingItemLowerLimit(const double& value, const bool&
     setLimit(m_lowerRange, value, recursive, &QRatingItemVirtual::SetRatingItemLowerLimit);
 }
 
+RecordIO::Fields QRatingItem_Tally::recordFields() {
+    return {{"attribute", m_attributeType},
+            {"itemlevel", m_level},
+            {"itemname", m_name},
+            {"score", m_score},
+            {"scorestd", m_scoreStd},
+            {"unit", m_unit},
+            {"locked", m_locked},
+            {"status", m_status},
+            {"remark", m_remark},
+            {"valuestd", m_valueStd},
+            {"unitproject", m_unitProject},
+            {"code", m_code},
+            {"feature", m_feature},
+            {"quantity", m_quantity},
+            {"rate", m_rate},
+            {"ratio", m_ratio},
+            {"upperrange", m_upperRange},
+            {"lowerrange", m_lowerRange}};
+}
+
 void QRatingItem_Tally::DoSerialize(QJsonObject& object, const bool& load) {
-    using namespace RecordIO;
-    if (load) {
-        m_level = jsonInt(object, QStringLiteral("itemlevel"));
-        m_attributeType = jsonInt(object, QStringLiteral("attribute"));
-        m_name = jsonString(object, QStringLiteral("itemname"));
-        m_scoreStd = jsonDouble(object, QStringLiteral("scorestd"));
-        m_score = jsonDouble(object, QStringLiteral("score"));
-        m_unit = jsonString(object, QStringLiteral("unit"));
-        m_locked = jsonBool(object, QStringLiteral("locked"));
-        m_status = jsonInt(object, QStringLiteral("status"));
-        m_remark = jsonString(object, QStringLiteral("remark"));
-        m_valueStd = jsonString(object, QStringLiteral("valuestd"));
-        m_unitProject = jsonBool(object, QStringLiteral("unitproject"));
-        m_code = jsonString(object, QStringLiteral("code"));
-        m_feature = jsonString(object, QStringLiteral("feature"));
-        m_quantity = jsonDouble(object, QStringLiteral("quantity"));
-        m_rate = jsonDouble(object, QStringLiteral("rate"));
-        m_ratio = jsonDouble(object, QStringLiteral("ratio"));
-        m_upperRange = jsonDouble(object, QStringLiteral("upperrange"));
-        m_lowerRange = jsonDouble(object, QStringLiteral("lowerrange"));
-    } else {
-        object.insert(QStringLiteral("itemlevel"), m_level);
-        object.insert(QStringLiteral("attribute"), m_attributeType);
-        object.insert(QStringLiteral("itemname"), m_name);
-        object.insert(QStringLiteral("scorestd"), m_scoreStd);
-        object.insert(QStringLiteral("score"), m_score);
-        object.insert(QStringLiteral("unit"), m_unit);
-        object.insert(QStringLiteral("locked"), m_locked);
-        object.insert(QStringLiteral("status"), m_status);
-        object.insert(QStringLiteral("remark"), m_remark);
-        object.insert(QStringLiteral("valuestd"), m_valueStd);
-        object.insert(QStringLiteral("unitproject"), m_unitProject);
-        object.insert(QStringLiteral("code"), m_code);
-        object.insert(QStringLiteral("feature"), m_feature);
-        object.insert(QStringLiteral("quantity"), m_quantity);
-        object.insert(QStringLiteral("rate"), m_rate);
-        object.insert(QStringLiteral("ratio"), m_ratio);
-        object.insert(QStringLiteral("upperrange"), m_upperRange);
-        object.insert(QStringLiteral("lowerrange"), m_lowerRange);
-    }
+    recordFields().serialize(object, load);
     DoSerializeExtra(object, load);
     QRatingItemBase::DoSerialize(object, load);
 }
 
 void QRatingItem_Tally::DoSerialize(QDataStream& stream, const bool& load) {
-    RecordIO::DepthGuard guard;
-    if (!guard.ok()) {
-        stream.setStatus(load ? QDataStream::ReadCorruptData : QDataStream::WriteFailed);
-        return;
-    }
-    if (!load) {
-        stream << qint32(m_attributeType) << qint32(m_level) << m_name << m_score << m_scoreStd << m_unit
-               << m_locked << qint32(m_status) << m_remark << m_valueStd << m_unitProject << m_code
-               << m_feature << m_quantity << m_rate << m_ratio << m_upperRange << m_lowerRange;
-        DoSerializeExtra(stream, false);
-        writeChildRecords(stream, QRatingItemVirtual::staticMetaObject);
-        return;
-    }
-    qint32 attributeType = 0, level = 0, status = 0;
-    const bool complete = readFields(stream, attributeType, level, m_name, m_score, m_scoreStd, m_unit,
-                                     m_locked, status, m_remark, m_valueStd, m_unitProject, m_code, m_feature,
-                                     m_quantity, m_rate, m_ratio, m_upperRange, m_lowerRange);
-    if (!complete)
-        return;
-    m_attributeType = attributeType;
-    m_level = level;
-    m_status = status;
-    DoSerializeExtra(stream, true);
-    if (RecordIO::good(stream))
-        readChildRecords(stream, kMinItemRecordBytes);
+    serializeRecord(stream, load, recordFields(), QRatingItemVirtual::staticMetaObject);
 }
 
 // The product classes differ only in the class of the children they create.
@@ -376,18 +321,9 @@ QString QRatingItem_Yew::GetRatingItemValue() {
 }
 
 void QRatingItem_Yew::DoSerializeExtra(QDataStream& stream, const bool& load) {
-    if (!load) {
-        stream << qint32(m_precision);
-        return;
-    }
-    qint32 precision = 0;
-    if (readFields(stream, precision))
-        m_precision = precision;
+    RecordIO::Fields{{"precision", m_precision}}.serialize(stream, load);
 }
 
 void QRatingItem_Yew::DoSerializeExtra(QJsonObject& object, const bool& load) {
-    if (load)
-        m_precision = RecordIO::jsonInt(object, QStringLiteral("precision"));
-    else
-        object.insert(QStringLiteral("precision"), m_precision);
+    RecordIO::Fields{{"precision", m_precision}}.serialize(object, load);
 }

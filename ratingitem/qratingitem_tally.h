@@ -55,6 +55,8 @@ protected:
     double m_ratio = 0.0;
 
 private:
+    // The pricing record's fields, bound to this item, in stream order.
+    RecordIO::Fields recordFields();
     // Unit project: the first child takes the standard score, its children a share by their ratio.
     void distributeUnitProject(double score, void (QRatingItemVirtual::*distribute)(const double&));
     // Sets a tolerance bound unless it is already there (compared in single precision).

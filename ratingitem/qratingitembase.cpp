@@ -147,36 +147,47 @@ void QRatingItemBase::AdjustRatingItemScore() {
 }
 
 void QRatingItemBase::DoSerialize(QJsonObject& object, const bool& read) {
-    const QString key = QStringLiteral("items");
-    // Children beyond the depth limit are neither written nor read (they would not read back).
     RecordIO::DepthGuard guard;
-    if (!guard.canNest())
-        return;
+    // Every rating-item child, through this item's creator; "items" only when there are children.
+    serializeJsonChildren(object, read, {&QRatingItemVirtual::staticMetaObject, false, false, [this] {
+                                             return CreateRatingItem(nullptr);
+                                         }});
+}
+
+void QRatingItemBase::serializeJsonChildren(QJsonObject& object, bool read, const JsonChildren& rule) {
+    const QString key = QStringLiteral("items");
+    bool nestable = false;
+    {
+        const RecordIO::DepthGuard childLevel; // a child record would sit one level deeper
+        nestable = childLevel.ok();
+    }
     if (!read) {
         QJsonArray array;
-        for (void* pointer : m_children) {
-            if (QRatingItemVirtual* child = MarkPointer::item(pointer)) {
-                QJsonObject childObject;
-                child->DoSerialize(childObject, false);
-                array.append(childObject);
-            }
+        for (void* pointer : nestable ? m_children : QList<void*>()) {
+            QRatingItemVirtual* child = MarkPointer::item(pointer);
+            if (!child || !child->metaObject()->inherits(rule.recordClass))
+                continue;
+            QJsonObject childObject;
+            child->DoSerialize(childObject, false);
+            array.append(childObject);
         }
-        if (!array.isEmpty())
+        if (!array.isEmpty() || rule.keepEmpty)
             object.insert(key, array);
         return;
     }
-    const QJsonValue value = object.value(key);
-    if (!value.isArray())
+    if (!nestable)
         return;
-    const QJsonArray array = value.toArray();
+    const QJsonArray array = object.value(key).toArray(); // not an array: no children
     for (const QJsonValue& element : array) {
-        void* pointer = CreateRatingItem(nullptr);
+        if (rule.skipNonObjects && !element.isObject())
+            continue;
+        void* pointer = rule.make();
         QRatingItemVirtual* child = MarkPointer::item(pointer);
         if (!child) {
             delete MarkPointer::object(pointer);
             continue;
         }
-        QJsonObject childObject = element.isObject() ? element.toObject() : QJsonObject();
+        QJsonObject childObject = element.toObject(); // not an object: read as {}
         child->DoSerialize(childObject, true);
         AddRatingItem(pointer, true);
         // A subclass that ignores AddRatingItem still owns what it created.

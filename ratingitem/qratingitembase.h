@@ -9,12 +9,16 @@
 #define QRATINGITEMBASE_H
 
 #include "markrule_global.h"
+#include "markrulecodes.h"
 #include "qratingitemvirtual.h"
 
+#include <QJsonObject>
 #include <QList>
 #include <QMultiMap>
 #include <QSet>
 #include <QString>
+
+#include <functional>
 
 class MARKRULE_EXPORT QRatingItemBase : public QRatingItemVirtual {
     Q_OBJECT
@@ -64,8 +68,20 @@ protected:
     // Takes a pointer into ownership without listing it; false for null or this item itself.
     bool takeOwnership(void* child);
 
+    // How a record keeps its children in the JSON key "items".
+    struct JsonChildren {
+        const QMetaObject* recordClass; // the children written: those whose class inherits this
+        bool keepEmpty;                 // whether "items" is written when no child is
+        bool skipNonObjects;            // on reading, skip elements that are not objects (else: {})
+        std::function<void*()> make;    // the item each element is read into
+    };
+    // Writes or reads the children part of a record by the rule. Each child read is added with
+    // AddRatingItem(child, true) and owned. Called under the item's own DepthGuard: children that
+    // would lie past the nesting limit are neither written nor read.
+    void serializeJsonChildren(QJsonObject& object, bool read, const JsonChildren& rule);
+
     int m_level = 2;
-    int m_status = 0;
+    int m_status = MarkCode::StatusNone;
     double m_scoreStd = 0.0;
     QString m_valueStd;
 

@@ -1,5 +1,6 @@
-// Category factories: product 5 (schedule) and category types 1 to 7, by scene code.
+// Category factories: the schedule product's seven category types, by scene code.
 #include "qmarkattribute.h"
+#include "markrulecodes.h"
 #include "qmarkcategorybase.h"
 #include "qmarkganttchart.h"
 #include "qmarkintegrity.h"
@@ -8,16 +9,16 @@
 #include "qmarknetrationality.h"
 #include "qmarkrescurve.h"
 
+using namespace MarkCode;
+
 namespace {
 
-const int kScheduleProduct = 5;
-
-// The class of a category family for a scene code: 1 Site, 2 Twin, any other the plain scene.
+// The class of a category family for a scene code: Site, Twin, any other the plain scene.
 template <class Plain, class Twin, class Site> QMarkCategoryVirtual* forScene(int scene) {
     switch (scene) {
-    case 1:
+    case SceneSite:
         return new Site(nullptr);
-    case 2:
+    case SceneTwin:
         return new Twin(nullptr);
     default:
         return new Plain(nullptr);
@@ -26,20 +27,20 @@ template <class Plain, class Twin, class Site> QMarkCategoryVirtual* forScene(in
 
 QMarkCategoryVirtual* scheduleCategory(int scene, int categoryType) {
     switch (categoryType) {
-    case 1:
+    case CategoryIntegrity:
         return forScene<QMarkIntegrity_Sked, QMarkIntegrity_Sked_Twin, QMarkIntegrity_Sked_Site>(scene);
-    case 2:
+    case CategoryAttribute:
         return forScene<QMarkAttribute_Sked, QMarkAttribute_Sked_Twin, QMarkAttribute_Sked_Site>(scene);
-    case 3:
+    case CategoryLogical:
         return forScene<QMarkLogical_Sked, QMarkLogical_Sked_Twin, QMarkLogical_Sked_Site>(scene);
-    case 4:
+    case CategoryResCurve:
         return forScene<QMarkResCurve_Sked, QMarkResCurve_Sked_Twin, QMarkResCurve_Sked_Site>(scene);
-    case 5:
+    case CategoryGanttChart:
         return forScene<QMarkGanttChart_Sked, QMarkGanttChart_Sked_Twin, QMarkGanttChart_Sked_Site>(scene);
-    case 6:
+    case CategoryNetRationality:
         return forScene<QMarkNetRationality_Sked, QMarkNetRationality_Sked_Twin,
                         QMarkNetRationality_Sked_Site>(scene);
-    case 7:
+    case CategoryNetPrinciple:
         return forScene<QMarkNetPrinciple_Sked, QMarkNetPrinciple_Sked_Twin, QMarkNetPrinciple_Sked_Site>(
             scene);
     default:
@@ -51,7 +52,7 @@ QMarkCategoryVirtual* scheduleCategory(int scene, int categoryType) {
 
 QMarkCategoryVirtual* QMarkCategoryBase::CreateMarkCategoryByType(const int& product, const int& scene,
                                                                   const int& categoryType) {
-    if (product != kScheduleProduct)
+    if (product != ProductSked)
         return nullptr;
     QMarkCategoryVirtual* category = scheduleCategory(scene, categoryType);
     // Every category leaves the factory with its root criterion.
@@ -62,9 +63,9 @@ QMarkCategoryVirtual* QMarkCategoryBase::CreateMarkCategoryByType(const int& pro
 
 void QMarkCategoryBase::CreateMarkCategory(const int& product, const int& scene,
                                            QMap<int, QMarkCategoryVirtual*>& categories) {
-    if (product != kScheduleProduct)
+    if (product != ProductSked)
         return;
-    for (int type = 1; type <= 7; ++type) {
+    for (int type = CategoryFirst; type <= CategoryLast; ++type) {
         if (QMarkCategoryVirtual* category = CreateMarkCategoryByType(product, scene, type))
             categories.insert(type, category);
     }

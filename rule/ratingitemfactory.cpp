@@ -1,26 +1,31 @@
 // Rating-item factories: pricing and building-model items by product code or item type.
 #include "qratingitem_shape.h"
+#include "markrulecodes.h"
 #include "qratingitem_tally.h"
+
+using namespace MarkCode;
 
 QRatingItemBase* QRatingItemBase::CreateMarkRatingItem(const int& product) {
     switch (product) {
-    case 9:
+    case ProductAsh:
         return new QRatingItem_Ash(nullptr);
-    case 11:
+    case ProductElm:
         return new QRatingItem_Elm(nullptr);
-    case 13:
+    case ProductFir:
         return new QRatingItem_Fir(nullptr);
-    case 15:
+    case ProductYew:
         return new QRatingItem_Yew(nullptr);
-    case 17:
+    case ProductOak:
         return new QRatingItem_Oak(nullptr);
-    case 20:
+    case ProductShape:
         return new QRatingItem_Shape(nullptr);
     default:
         return nullptr;
     }
 }
 
+// Item types are their own number space (13 is the Fir product but an Ash item type); this table
+// is their only use.
 QRatingItemBase* QRatingItemBase::CreateRatingItemByType(const int& itemType) {
     switch (itemType) {
     case 12:

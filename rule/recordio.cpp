@@ -232,6 +232,160 @@ void writeVariant(QDataStream& stream, const QVariant& value) {
     stream << (stream.version() < QDataStream::Qt_5_0 ? withoutNulls(value) : value);
 }
 
+namespace {
+
+template <class T> bool readInto(QDataStream& stream, T& target) {
+    T value{};
+    stream >> value;
+    if (!good(stream))
+        return false;
+    target = value;
+    return true;
+}
+
+} // namespace
+
+void Field::writeJson(QJsonObject& object) const {
+    if (!m_key)
+        return;
+    const QString key = QString::fromLatin1(m_key);
+    switch (m_type) {
+    case Int:
+        object.insert(key, target<int>());
+        break;
+    case Double:
+        object.insert(key, target<double>());
+        break;
+    case Bool:
+        object.insert(key, target<bool>());
+        break;
+    case String:
+        object.insert(key, target<QString>());
+        break;
+    case Variant:
+        object.insert(key, QJsonValue::fromVariant(target<QVariant>()));
+        break;
+    }
+}
+
+void Field::readJson(const QJsonObject& object) const {
+    if (!m_key)
+        return;
+    const QString key = QString::fromLatin1(m_key);
+    switch (m_type) {
+    case Int:
+        target<int>() = jsonInt(object, key);
+        break;
+    case Double:
+        target<double>() = jsonDouble(object, key);
+        break;
+    case Bool:
+        target<bool>() = jsonBool(object, key);
+        break;
+    case String:
+        target<QString>() = jsonString(object, key);
+        break;
+    case Variant: {
+        const QJsonValue value = object.value(key);
+        target<QVariant>() = (value.isUndefined() ? QJsonValue(QJsonValue::Null) : value).toVariant();
+        break;
+    }
+    }
+}
+
+void Field::write(QDataStream& stream) const {
+    switch (m_type) {
+    case Int:
+        stream << qint32(target<int>());
+        break;
+    case Double:
+        stream << target<double>();
+        break;
+    case Bool:
+        stream << target<bool>();
+        break;
+    case String:
+        stream << target<QString>();
+        break;
+    case Variant:
+        writeVariant(stream, target<QVariant>());
+        break;
+    }
+}
+
+bool Field::read(QDataStream& stream) const {
+    switch (m_type) {
+    case Int: {
+        qint32 value = 0;
+        if (!readInto(stream, value))
+            return false;
+        target<int>() = value;
+        return true;
+    }
+    case Double:
+        return readInto(stream, target<double>());
+    case Bool:
+        return readInto(stream, target<bool>());
+    case String:
+        return readInto(stream, target<QString>());
+    case Variant: {
+        QVariant value;
+        readVariant(stream, value);
+        if (!good(stream))
+            return false;
+        target<QVariant>() = value;
+        return true;
+    }
+    }
+    return false;
+}
+
+qint64 Field::minimumBytes() const {
+    switch (m_type) {
+    case Bool:
+        return 1;
+    case Variant:
+        return 5; // an invalid variant: its type and the null flag
+    default:
+        return 4; // a 32-bit integer, a single-precision double, an empty string's length
+    }
+}
+
+void Fields::serialize(QJsonObject& object, bool read) const {
+    for (const Field& field : *this) {
+        if (read)
+            field.readJson(object);
+        else
+            field.writeJson(object);
+    }
+}
+
+bool Fields::serialize(QDataStream& stream, bool read) const {
+    for (const Field& field : *this) {
+        if (!good(stream))
+            return false;
+        if (read)
+            field.read(stream);
+        else
+            field.write(stream);
+    }
+    return good(stream);
+}
+
+qint64 Fields::minimumBytes() const {
+    qint64 bytes = 0;
+    for (const Field& field : *this)
+        bytes += field.minimumBytes();
+    return bytes;
+}
+
+bool admit(const DepthGuard& guard, QDataStream& stream, bool read) {
+    if (guard.ok())
+        return true;
+    stream.setStatus(read ? QDataStream::ReadCorruptData : QDataStream::WriteFailed);
+    return false;
+}
+
 int jsonInt(const QJsonObject& object, const QString& key) {
     const QJsonValue value = object.value(key);
     return value.isDouble() ? value.toInt() : 0;

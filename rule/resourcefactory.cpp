@@ -1,20 +1,17 @@
 // Resource factory: the general resource class of a schedule scene.
 #include "qresource_sked.h"
+#include "markrulecodes.h"
 #include "qresource_sked_site.h"
 
-namespace {
-constexpr int scheduleProduct = 5;
-constexpr int siteScene = 1;
-constexpr int twinScene = 2;
-} // namespace
+using namespace MarkCode;
 
 QResourceVirtual* QResourceBase::CreateResource(const int& product, const int& scene) {
-    if (product != scheduleProduct)
+    if (product != ProductSked)
         return nullptr;
     switch (scene) {
-    case siteScene:
+    case SceneSite:
         return new QResource_Sked_Site(nullptr);
-    case twinScene:
+    case SceneTwin:
         return new QResource_Sked_Twin(nullptr);
     default:
         return new QResource_Sked(nullptr);

@@ -1,6 +1,6 @@
 #include "qresource_sked.h"
 
-#include "scenetexts_p.h"
+#include "markruletables.h"
 
 QResource_Sked::QResource_Sked(QObject* parent) : QResourceBase(parent) {}
 QResource_Sked::~QResource_Sked() = default;
@@ -37,7 +37,7 @@ void QResource_Sked::SetResourceUnit(const QString& unit) {
 }
 
 QString QResource_Sked::TransformTextToName(const QString& text) {
-    return SceneText::resourceNameTable().value(text, text);
+    return MarkRuleTables::canonicalResourceName(text);
 }
 
 QStringList QResource_Sked::TransformTextToName(const QStringList& texts) {

@@ -25,7 +25,8 @@ public:
     virtual void SetProjectName(const QString& name);
     virtual void SetGxColor(const QString& color);
 
-    // A parentless resource of the scene's general class for product 5, else null; the caller owns it.
+    // A parentless resource of the scene's general class for MarkCode::ProductSked, else null; the caller
+    // owns it.
     static QResourceVirtual* CreateResource(const int& product, const int& scene);
 };
 

@@ -1,4 +1,5 @@
 #include "qscene_site.h"
+#include "markrulecodes.h"
 
 #include "markpointer.h"
 #include "qclassifyitemvirtual.h"
@@ -7,6 +8,8 @@
 #include "scenetexts_p.h"
 
 #include <QVector>
+
+using namespace MarkCode;
 
 namespace {
 
@@ -47,16 +50,16 @@ const QVector<LabourRow>& labourRows() {
     return rows;
 }
 
-// Resource types by id of the materials: 4 rebar, 5 concrete, 6 formwork.
+// Materials, with their resource type by id (rebar, concrete or formwork).
 const QVector<MaterialRow>& materialRows() {
     using namespace SceneText;
     static const QVector<MaterialRow> rows = {
-        {QStringLiteral("SiteCLJZ00001"), 14000, rebarMaterialCurve(), 4},
-        {QStringLiteral("SiteCLJZ00002"), 20000, rebarMaterialCurve(), 4},
-        {QStringLiteral("SiteCLJZ00003"), 2000, formworkMaterialCurve(), 6},
-        {QStringLiteral("SiteCLJZ00004"), 14000, concreteMaterialCurve(), 5},
-        {QStringLiteral("SiteCLJZ00005"), 10000, concreteMaterialCurve(), 5},
-        {QStringLiteral("SiteCLJZ00006"), 10000, concreteMaterialCurve(), 5},
+        {QStringLiteral("SiteCLJZ00001"), 14000, rebarMaterialCurve(), ResourceRebar},
+        {QStringLiteral("SiteCLJZ00002"), 20000, rebarMaterialCurve(), ResourceRebar},
+        {QStringLiteral("SiteCLJZ00003"), 2000, formworkMaterialCurve(), ResourceFormwork},
+        {QStringLiteral("SiteCLJZ00004"), 14000, concreteMaterialCurve(), ResourceConcrete},
+        {QStringLiteral("SiteCLJZ00005"), 10000, concreteMaterialCurve(), ResourceConcrete},
+        {QStringLiteral("SiteCLJZ00006"), 10000, concreteMaterialCurve(), ResourceConcrete},
     };
     return rows;
 }
@@ -70,8 +73,6 @@ const QVector<MachineRow>& machineRows() {
     };
     return rows;
 }
-
-constexpr int labourResourceType = 1;
 
 // The two preparatory element types. A null name is not set.
 struct Preparation {
@@ -243,7 +244,7 @@ void QScene_Site::GetElementTypeList(QList<QClassifyVirtual*>& list) {
 }
 
 int QScene_Site::GetSceneType() {
-    return 1;
+    return SceneSite;
 }
 
 QString QScene_Site::GetRLResourceNameById(const QString& id) {
@@ -325,7 +326,7 @@ void QScene_Site::CombineElementToComp(const QString& text, QMap<QString, QSet<Q
 int QScene_Site::GetResourceTypeById(const QString& code) {
     for (const LabourRow& row : labourRows()) {
         if (row.code == code)
-            return labourResourceType;
+            return ResourceLabour;
     }
     for (const MaterialRow& row : materialRows()) {
         if (row.code == code)

@@ -1,4 +1,4 @@
-// QScene_Site: the construction-site scene (scene code 1). It holds the fixed catalogue of three
+// QScene_Site: the construction-site scene (MarkCode::SceneSite). It holds the fixed catalogue of three
 // labour, six material and six machinery resources, the two preparatory element types it asks the
 // host to create, and the rules that map model element identifiers to labour, components and
 // logic chains.

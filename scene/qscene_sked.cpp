@@ -1,6 +1,9 @@
 #include "qscene_sked.h"
+#include "markrulecodes.h"
 
 #include "qresourcevirtual.h"
+
+using namespace MarkCode;
 
 QScene_Sked::QScene_Sked(QObject* parent) : QSceneBase(parent) {}
 
@@ -21,11 +24,12 @@ void QScene_Sked::GetAllCurveResource(QList<QResourceVirtual*>& list) {
 
 int QScene_Sked::GetResourceType(const QString& code) {
     const QMap<QString, QResourceVirtual*>* tables[] = {&m_mapRLResource, &m_mapCLResource, &m_mapJXResource};
-    for (int type = 1; type <= 3; ++type) {
-        if (tables[type - 1]->value(code, nullptr))
-            return type;
+    const int types[] = {ResourceLabour, ResourceMaterial, ResourceMachine};
+    for (int i = 0; i < 3; ++i) {
+        if (tables[i]->value(code, nullptr))
+            return types[i];
     }
-    return 0;
+    return ResourceNone;
 }
 
 QString QScene_Sked::GetClassName() {

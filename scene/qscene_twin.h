@@ -1,4 +1,4 @@
-// QScene_Twin: the model-based schedule scene (scene code 2). It has no resource catalogue and no
+// QScene_Twin: the model-based schedule scene (MarkCode::SceneTwin). It has no resource catalogue and no
 // element rules: every resource query gets the empty answer of the schedule scene.
 #ifndef QSCENE_TWIN_H
 #define QSCENE_TWIN_H

@@ -18,8 +18,9 @@ public:
 
     virtual QString GetClassName();
 
-    // Builds the Site and Twin scenes of a schedule product (5 or 6) from the host's project data and
-    // registers them under scene codes 1 and 2; other products do nothing.
+    // Builds the Site and Twin scenes of a schedule product (MarkCode::ProductSked or ProductScenesOnly) from
+    // the host's project data and registers them under MarkCode::SceneSite and SceneTwin; other products do
+    // nothing.
     static void CreateSceneInfo(const int& product, void* data);
     // The registered scene of a scene code, or null; a lookup never adds a key.
     static QSceneVirtual* GetScenePtrByType(const int& sceneType);

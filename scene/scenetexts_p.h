@@ -21,6 +21,38 @@ inline QString concreteWorker() {
     return QStringLiteral("混凝土工");
 }
 
+// Canonical material and machinery names.
+inline QString rawRebar() {
+    return QStringLiteral("钢筋原材");
+}
+inline QString finishedRebar() {
+    return QStringLiteral("成品钢筋");
+}
+inline QString formwork() {
+    return QStringLiteral("模板");
+}
+inline QString readyConcrete() {
+    return QStringLiteral("成品混凝土");
+}
+inline QString sandGravel() {
+    return QStringLiteral("砂石");
+}
+inline QString cement() {
+    return QStringLiteral("水泥");
+}
+inline QString generator() {
+    return QStringLiteral("发电机组");
+}
+inline QString waterPump() {
+    return QStringLiteral("供水泵机");
+}
+inline QString concreteMixer() {
+    return QStringLiteral("混凝土搅拌机");
+}
+inline QString rebarProcessor() {
+    return QStringLiteral("钢筋加工机");
+}
+
 // Work processes of the Site labour resources, in the order of the labour codes.
 inline QString tieRebar() {
     return QStringLiteral("绑钢筋");
@@ -95,21 +127,20 @@ inline const QHash<QString, QString>& resourceNameTable() {
         };
         add(formworkWorker(), {QStringLiteral("木工")});
         add(concreteWorker(), {QStringLiteral("砼工")});
-        add(QStringLiteral("钢筋原材"), {QStringLiteral("钢筋"), QStringLiteral("原材钢筋")});
-        add(QStringLiteral("成品混凝土"),
-            {QStringLiteral("混凝土"), QStringLiteral("砼"), QStringLiteral("混凝土成品")});
-        add(QStringLiteral("成品钢筋"), {QStringLiteral("钢筋成品")});
-        add(QStringLiteral("砂石"), {QStringLiteral("砂石原材")});
-        add(QStringLiteral("水泥"), {QStringLiteral("水泥原材")});
-        add(QStringLiteral("钢筋加工机"), {QStringLiteral("钢筋加工"), QStringLiteral("钢筋加工机械")});
-        add(QStringLiteral("混凝土搅拌机"), {QStringLiteral("混凝土加工机"), QStringLiteral("混凝土搅拌"),
-                                             QStringLiteral("混凝土机械"), QStringLiteral("混凝土搅拌机械")});
-        add(QStringLiteral("发电机组"), {QStringLiteral("大型发电机"), QStringLiteral("小型发电机"),
-                                         QStringLiteral("发电机组（大）"), QStringLiteral("发电机组(大)"),
-                                         QStringLiteral("发电机组（小）"), QStringLiteral("发电机组(小)")});
-        add(QStringLiteral("供水泵机"), {QStringLiteral("大型供水泵机"), QStringLiteral("小型供水泵机"),
-                                         QStringLiteral("供水泵机（小）"), QStringLiteral("供水泵机(小)"),
-                                         QStringLiteral("供水泵机（大）"), QStringLiteral("供水泵机(大)")});
+        add(rawRebar(), {QStringLiteral("钢筋"), QStringLiteral("原材钢筋")});
+        add(readyConcrete(), {QStringLiteral("混凝土"), QStringLiteral("砼"), QStringLiteral("混凝土成品")});
+        add(finishedRebar(), {QStringLiteral("钢筋成品")});
+        add(sandGravel(), {QStringLiteral("砂石原材")});
+        add(cement(), {QStringLiteral("水泥原材")});
+        add(rebarProcessor(), {QStringLiteral("钢筋加工"), QStringLiteral("钢筋加工机械")});
+        add(concreteMixer(), {QStringLiteral("混凝土加工机"), QStringLiteral("混凝土搅拌"),
+                              QStringLiteral("混凝土机械"), QStringLiteral("混凝土搅拌机械")});
+        add(generator(), {QStringLiteral("大型发电机"), QStringLiteral("小型发电机"),
+                          QStringLiteral("发电机组（大）"), QStringLiteral("发电机组(大)"),
+                          QStringLiteral("发电机组（小）"), QStringLiteral("发电机组(小)")});
+        add(waterPump(), {QStringLiteral("大型供水泵机"), QStringLiteral("小型供水泵机"),
+                          QStringLiteral("供水泵机（小）"), QStringLiteral("供水泵机(小)"),
+                          QStringLiteral("供水泵机（大）"), QStringLiteral("供水泵机(大)")});
         return result;
     }();
     return table;

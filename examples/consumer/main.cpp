@@ -10,7 +10,7 @@ namespace {
 
 QRatingItemVirtual* criterion(QRatingItemVirtual* parent, const QString& name) {
     auto* item = new QRatingItem_General;
-    item->SetRatingItemIndexRule(1);
+    item->SetRatingItemIndexRule(MarkCode::IndexByName);
     item->SetRatingItemName(name);
     if (parent)
         parent->AddRatingItem(MarkPointer::fromItem(item), false);

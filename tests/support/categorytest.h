@@ -16,7 +16,7 @@ using CategoryPtr = std::unique_ptr<QMarkCategoryVirtual>;
 
 // A schedule category of the product's code table, with its root.
 inline CategoryPtr makeCategory(int scene, int type) {
-    return CategoryPtr(QMarkCategoryBase::CreateMarkCategoryByType(5, scene, type));
+    return CategoryPtr(QMarkCategoryBase::CreateMarkCategoryByType(MarkCode::ProductSked, scene, type));
 }
 
 inline QRatingItemVirtual* rootOf(QMarkCategoryVirtual* category) {

@@ -26,7 +26,8 @@ struct ImportedTask {
     QString id; // unique within the file
     QString name;
     QString where; // location in the file, for messages
-    // A task is a summary when it says so, or when the next task has a deeper outline level.
+    // The outline decides: a task is a summary when the next task has a deeper outline level. The
+    // file's own summary flag is kept, but a flagged task with nothing below it is read as a leaf.
     int outlineLevel = 1;
     bool summary = false;
     bool milestone = false;

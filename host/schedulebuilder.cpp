@@ -59,7 +59,7 @@ private:
     bool makeWorkItems();
     void checkNames();
     bool resolveLinks();
-    QList<int> carriedLeaves(int task, bool asPredecessor) const;
+    QList<int> carriedLeaves(int task, bool last) const;
     bool resolveResources();
     void applyAssignments();
     void computeCurves();
@@ -101,7 +101,8 @@ void Builder::markSummaries() {
         const int level = in.tasks[t].outlineLevel;
         while (!open.isEmpty() && in.tasks[open.last()].outlineLevel >= level)
             m_subtreeEnd[open.takeLast()] = t;
-        m_summary[t] = in.tasks[t].summary || (t + 1 < n && in.tasks[t + 1].outlineLevel > level);
+        // A task flagged as a summary with nothing below it is a leaf: it has a duration to judge.
+        m_summary[t] = t + 1 < n && in.tasks[t + 1].outlineLevel > level;
         open.append(t);
     }
     for (int t : open)
@@ -165,9 +166,9 @@ void Builder::checkNames() {
                             .arg(seen.value(name));
 }
 
-// The leaves of a summary that a link on it is carried to: as a predecessor, the leaves below it
-// that no other leaf below it follows; as a successor, those that follow no other leaf below it.
-QList<int> Builder::carriedLeaves(int task, bool asPredecessor) const {
+// The leaves of a summary that a link on it is carried to: its last leaves (that no other leaf
+// below it follows) or its first leaves (that follow no other leaf below it).
+QList<int> Builder::carriedLeaves(int task, bool last) const {
     if (!m_summary[task])
         return {m_itemOfTask[task]};
     QSet<int> tied; // leaves below the summary linked to another leaf below it on the side asked
@@ -177,7 +178,7 @@ QList<int> Builder::carriedLeaves(int task, bool asPredecessor) const {
         for (const ImportedLink& link : in.tasks[t].links) {
             const int p = m_taskOfId.value(link.predecessor, -1);
             if (p > task && p < m_subtreeEnd[task] && !m_summary[p])
-                tied.insert(asPredecessor ? p : t);
+                tied.insert(last ? p : t);
         }
     }
     QList<int> leaves;
@@ -185,6 +186,15 @@ QList<int> Builder::carriedLeaves(int task, bool asPredecessor) const {
         if (!m_summary[t] && !tied.contains(t))
             leaves.append(m_itemOfTask[t]);
     return leaves;
+}
+
+// A link ties the predecessor's finish (FS, FF) or start (SS, SF) to the successor's start (FS, SS)
+// or finish (FF, SF); on a summary, that end is its last leaves' finish or its first leaves' start.
+bool tiesPredecessorFinish(LinkType type) {
+    return type == LinkType::FinishToStart || type == LinkType::FinishToFinish;
+}
+bool tiesSuccessorFinish(LinkType type) {
+    return type == LinkType::FinishToFinish || type == LinkType::StartToFinish;
 }
 
 bool Builder::resolveLinks() {
@@ -201,9 +211,9 @@ bool Builder::resolveLinks() {
                 return fail(link.where, QStringLiteral("expected a lag of -%1 to %1 working days, found %2")
                                             .arg(maxDays)
                                             .arg(link.lagDays));
-            for (int successor : carriedLeaves(t, false)) {
+            for (int successor : carriedLeaves(t, tiesSuccessorFinish(link.type))) {
                 WorkItemData& item = out.workItems[successor];
-                for (int predecessor : carriedLeaves(p, true)) {
+                for (int predecessor : carriedLeaves(p, tiesPredecessorFinish(link.type))) {
                     if (predecessor == successor || item.predecessors.contains(predecessor))
                         continue; // a repeated predecessor adds nothing
                     data.predecessor = predecessor;

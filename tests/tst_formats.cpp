@@ -122,6 +122,49 @@ private slots:
                  QStringLiteral("0-2 2-6 6-9 9-11 11-17 13-17 17-20 16-18 17-20 17-20 20-24 24-24"));
     }
 
+    // A link on a summary is carried to the leaves whose end it ties: a start to its first leaves,
+    // a finish to its last; a summary with nothing below it is a leaf.
+    void summaryLinks_data() {
+        QTest::addColumn<QString>("link"); // S's link to X, or "flagged" for a childless summary
+        QTest::addColumn<QString>("dates");
+        row("finish to start", QStringLiteral("FS"), QStringLiteral("A 0-2 B 2-5 X 5-6"));
+        row("start to start", QStringLiteral("SS"), QStringLiteral("A 0-2 B 2-5 X 0-1"));
+        row("finish to finish", QStringLiteral("FF"), QStringLiteral("A 0-2 B 2-5 X 4-5"));
+        row("flagged summary without tasks below", QStringLiteral("flagged"),
+            QStringLiteral("A 0-2 B 2-5 X 0-1 E 0-4"));
+    }
+
+    void summaryLinks() {
+        QFETCH(QString, link);
+        QFETCH(QString, dates);
+        const auto task = [](const char* id, int level, double days) {
+            ImportedTask t;
+            t.id = t.name = QLatin1String(id);
+            t.outlineLevel = level;
+            t.durationDays = days;
+            return t;
+        };
+        ImportedSchedule in;
+        in.tasks = {task("S", 1, 0), task("A", 2, 2), task("B", 2, 3), task("X", 1, 1)};
+        in.tasks[2].links = {ImportedLink{QStringLiteral("A"), LinkType::FinishToStart, 0, QString()}};
+        const QHash<QString, LinkType> types{{"FS", LinkType::FinishToStart},
+                                             {"SS", LinkType::StartToStart},
+                                             {"FF", LinkType::FinishToFinish}};
+        if (link == QLatin1String("flagged")) {
+            in.tasks << task("E", 1, 4);
+            in.tasks.last().summary = true;
+        } else {
+            in.tasks[3].links = {ImportedLink{QStringLiteral("S"), types.value(link), 0, QString()}};
+        }
+        ScheduleProject out;
+        ReadError error;
+        QVERIFY(buildSchedule(in, ImportOptions(), out, error));
+        QStringList found;
+        for (const WorkItemData& item : out.workItems)
+            found << QStringLiteral("%1 %2-%3").arg(item.name).arg(item.start).arg(item.finish);
+        QCOMPARE(found.join(' '), dates);
+    }
+
     // A course settings file fills in what the files leave out and renames resources.
     void settings_data() {
         QTest::addColumn<QByteArray>("settings");

@@ -192,8 +192,9 @@ void mpxDetailRows() {
             "60,Unique ID,Name,Duration,Unique ID Predecessors\n70,30,A,20h,\n70,10,B,1w,30SS+5h\n"
             "75,,50%,,,,,,,,,,,7\n"),
         QStringLiteral("A 2d; B 5d [A SS+1]; Crew 3 ()"));
-    row("MPX empty values past the definition", mpx({QStringLiteral("70,1,A,3d,,,,")}),
-        QStringLiteral("A 3d"));
+    row("MPX empty values past the definition",
+        QByteArray("MPX,Microsoft Project for Windows,4.0,ANSI\n60,ID,Name\n70,1,A,,,,\n"),
+        QStringLiteral("A 0d"));
     row("MPX milestone flag on a task with a duration",
         mpx({QStringLiteral("61,90,1,40,81"), QStringLiteral("70,1,A,3d,Yes"),
              QStringLiteral("70,2,B,2d,No")}),

@@ -37,6 +37,8 @@ Options:
   -j, --jobs N            graders working at once (default: one per core)
       --generate-batch DIR N
                           write a standard answer and N sample candidates (one of them broken) to DIR
+      --stages K          with --generate-batch: chain K copies of the sample's 30 work items in
+                          every file (default 1), for batches of large schedules
   -h, --help              show this help
 
 Exit codes: 0 every candidate graded; 1 bad input (unreadable standard, marks or candidate file; the
@@ -85,8 +87,10 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption generateOption(QStringLiteral("generate-batch"), QString(),
                                             QStringLiteral("DIR"));
     const QCommandLineOption helpOption(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    const QCommandLineOption stagesOption(QStringLiteral("stages"), QString(), QStringLiteral("K"),
+                                          QStringLiteral("1"));
     parser.addOptions({formatOption, outputOption, marksOption, summaryOption, lostOnlyOption, colorOption,
-                       jobsOption, generateOption, helpOption});
+                       jobsOption, generateOption, stagesOption, helpOption});
     if (!parser.parse(QCoreApplication::arguments()))
         return usageError(parser.errorText());
     if (parser.isSet(helpOption)) {
@@ -101,9 +105,12 @@ int main(int argc, char* argv[]) {
         if (!isNumber || count < 1)
             return usageError(QStringLiteral(
                 "--generate-batch DIR takes one more argument, the number of candidates (1 or more)"));
+        const int stages = parser.value(stagesOption).toInt(&isNumber);
+        if (!isNumber || stages < 1)
+            return usageError(QStringLiteral("--stages takes a number of at least 1"));
         QStringList files;
         QString error;
-        if (!Grade::generateBatch(parser.value(generateOption), count, files, error)) {
+        if (!Grade::generateBatch(parser.value(generateOption), count, files, error, stages)) {
             QTextStream(stderr) << "markgrade: " << error << '\n';
             return BadInput;
         }

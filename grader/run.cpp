@@ -1,0 +1,133 @@
+#include "run.h"
+
+#include "batch.h"
+#include "formats.h"
+#include "projectreader.h"
+#include "report.h"
+#include "samples.h"
+
+#include <QTextStream>
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace Grade {
+
+namespace {
+
+void tell(const QString& message) {
+    QTextStream(stderr) << "markgrade: " << message << '\n';
+}
+
+// The progress line on a terminal's standard error; messages are written above it.
+class Progress {
+public:
+    explicit Progress(int candidates) : m_shown(candidates > 1 && isatty(STDERR_FILENO)) {}
+    void update(int done, int total, int secondsLeft) {
+        if (m_shown)
+            QTextStream(stderr) << '\r' << progressLine(done, total, secondsLeft) << "\x1b[K"
+                                << (done == total ? "\r\x1b[K" : "") << Qt::flush;
+    }
+    void message(const QString& text) {
+        if (m_shown)
+            QTextStream(stderr) << "\r\x1b[K";
+        tell(text);
+    }
+    bool shown() const { return m_shown; }
+
+private:
+    bool m_shown;
+};
+
+struct GradeJob {
+    QString standardFile;
+    QStringList candidates;
+};
+
+// The pairs to grade: the arguments, or the built-in sample exam.
+QList<GradeJob> gradeJobs(const Options& options) {
+    if (!options.files.isEmpty())
+        return {{options.files.first(), options.files.mid(1)}};
+    initSamples();
+    QList<GradeJob> jobs;
+    for (const auto& pair : samplePairs())
+        jobs.append({pair.first, {pair.second}});
+    return jobs;
+}
+
+enum class SectionOutcome { AllGraded, SomeSkipped, StandardUnreadable, WriteFailed };
+
+SectionOutcome gradeSection(const GradeJob& job, const Marks& marks, const Options& options,
+                            ReportSink& sink) {
+    auto standard = QSharedPointer<Host::ProjectFile>::create();
+    Host::ReadError error;
+    if (!Host::readProjectFile(job.standardFile, *standard, error)) {
+        tell(QStringLiteral("standard answer ") + error.toString());
+        return SectionOutcome::StandardUnreadable;
+    }
+    if (!sink.beginSection({job.standardFile, standard, int(job.candidates.size())}))
+        return SectionOutcome::WriteFailed;
+    Progress progress(job.candidates.size());
+    BatchOptions batch;
+    batch.jobs = options.jobs;
+    if (progress.shown())
+        batch.progress = [&progress](int done, int total, int left) { progress.update(done, total, left); };
+    bool skipped = false;
+    bool written = true;
+    for (const CandidateResult& result : gradeBatch(*standard, job.candidates, marks, batch)) {
+        if (!result.graded) {
+            progress.message(QStringLiteral("skipped ") + result.error);
+            skipped = true;
+        }
+        written = written && sink.addCandidate(result);
+    }
+    if (!written || !sink.endSection())
+        return SectionOutcome::WriteFailed;
+    return skipped ? SectionOutcome::SomeSkipped : SectionOutcome::AllGraded;
+}
+
+} // namespace
+
+int runGrading(const Options& options) {
+    Marks marks;
+    Host::ReadError error;
+    if (!options.marksFile.isEmpty() && !readMarksFile(options.marksFile, marks, error)) {
+        tell(error.toString());
+        return BadInput;
+    }
+    const std::unique_ptr<ReportSink> sink = findFormat(options.format)->create(options);
+    int exitCode = Graded;
+    for (const GradeJob& job : gradeJobs(options)) {
+        switch (gradeSection(job, marks, options, *sink)) {
+        case SectionOutcome::AllGraded:
+            break;
+        case SectionOutcome::SomeSkipped:
+            exitCode = BadInput;
+            break;
+        case SectionOutcome::StandardUnreadable:
+            return BadInput; // the report is not finished, so a report file is not left behind
+        case SectionOutcome::WriteFailed:
+            tell(sink->error());
+            return BadInput;
+        }
+    }
+    if (!sink->finish()) {
+        tell(sink->error());
+        return BadInput;
+    }
+    return exitCode;
+}
+
+int runGenerate(const Options& options) {
+    QStringList files;
+    QString error;
+    if (!generateBatch(options.generateDir, options.generateCount, files, error, options.stages)) {
+        tell(error);
+        return BadInput;
+    }
+    QTextStream(stdout) << "wrote " << options.generateDir << "/standard.json and " << files.size()
+                        << " candidates\n";
+    return Graded;
+}
+
+} // namespace Grade

@@ -73,14 +73,14 @@ SectionOutcome gradeSection(const GradeJob& job, const Marks& marks, const Optio
     if (progress.shown())
         batch.progress = [&progress](int done, int total, int left) { progress.update(done, total, left); };
     bool skipped = false;
-    bool written = true;
-    for (const CandidateResult& result : gradeBatch(*standard, job.candidates, marks, batch)) {
-        if (!result.graded) {
-            progress.message(QStringLiteral("skipped ") + result.error);
-            skipped = true;
-        }
-        written = written && sink.addCandidate(result);
-    }
+    const bool written =
+        gradeBatch(*standard, job.candidates, marks, batch, [&](const CandidateResult& result) {
+            if (!result.graded) {
+                progress.message(QStringLiteral("skipped ") + result.error);
+                skipped = true;
+            }
+            return sink.addCandidate(result);
+        });
     if (!written || !sink.endSection())
         return SectionOutcome::WriteFailed;
     return skipped ? SectionOutcome::SomeSkipped : SectionOutcome::AllGraded;

@@ -1,5 +1,6 @@
 // The grader: reports of scored trees made by hand (text, JSON, CSV and the batch summary), the marks
-// file, the command line, and the markgrade command run as a separate process on small files.
+// file, the command line, the streaming batch with a grading function of the test's own, and the
+// markgrade command run as a separate process on small files.
 #include "batch.h"
 #include "csvreport.h"
 #include "jsonreport.h"
@@ -14,6 +15,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <atomic>
+#include <thread>
 
 using namespace Grade;
 
@@ -90,6 +94,15 @@ QPair<QString, QString> csvReports(const QList<ReportSection>& sections) {
     const QString error = report(sink, sections);
     return qMakePair(error.isEmpty() ? QString::fromUtf8(rows.data()) : error,
                      QString::fromUtf8(summary.data()));
+}
+
+// A result of the file, graded with no categories, or not graded with the error.
+CandidateResult made(const QString& file, const QString& error = QString()) {
+    CandidateResult result;
+    result.file = file;
+    result.graded = error.isEmpty();
+    result.error = error;
+    return result;
 }
 
 struct Run {
@@ -239,6 +252,67 @@ private slots:
                               options.files.join(QLatin1Char(' '))})
                      .join(QLatin1Char('|')),
                  parsed);
+    }
+
+    // Results come in file order whatever order the workers finish in, no worker starts a file 2 ×
+    // jobs or more ahead of the one delivered, and a candidate whose grading throws fails alone.
+    void batchStreams_data() {
+        QTest::addColumn<int>("jobs");
+        row("one worker", 1);
+        row("two workers", 2);
+        row("four workers", 4);
+    }
+
+    void batchStreams() {
+        QFETCH(int, jobs);
+        QStringList files;
+        for (int i = 0; i < 24; ++i)
+            files << QString::number(i);
+        std::atomic<int> delivered{0}, furthestAhead{0};
+        BatchOptions options;
+        options.jobs = jobs;
+        options.grade = [&](const Host::ProjectFile&, const QString& file, const Marks&) {
+            const int index = file.toInt();
+            for (int ahead = furthestAhead; index - delivered > ahead;)
+                furthestAhead.compare_exchange_weak(ahead, index - delivered);
+            std::this_thread::sleep_for(std::chrono::milliseconds(index % 3)); // finishing out of order
+            if (index == 7)
+                throw std::bad_alloc();
+            if (index == 11)
+                throw std::runtime_error("disk on fire");
+            return made(file);
+        };
+        QStringList order, errors;
+        QVERIFY(gradeBatch(Host::ProjectFile(), files, Marks(), options, [&](const CandidateResult& result) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(3)); // a slow report
+            order << result.file;
+            if (!result.graded)
+                errors << result.error;
+            ++delivered;
+            return true;
+        }));
+        QCOMPARE(order, files);
+        QCOMPARE(errors, QStringList({"7: out of memory while grading", "11: grading failed: disk on fire"}));
+        QVERIFY2(furthestAhead < 2 * jobs, qPrintable(QString::number(furthestAhead)));
+    }
+
+    // A report that fails to write stops the batch: no more files are started.
+    void batchStopsOnWriteError() {
+        QStringList files;
+        for (int i = 0; i < 100; ++i)
+            files << QStringLiteral("c.json");
+        std::atomic<int> graded{0};
+        BatchOptions options;
+        options.jobs = 2;
+        options.grade = [&](const Host::ProjectFile&, const QString& file, const Marks&) {
+            ++graded;
+            return made(file);
+        };
+        int delivered = 0;
+        QVERIFY(!gradeBatch(Host::ProjectFile(), files, Marks(), options,
+                            [&](const CandidateResult&) { return ++delivered < 3; }));
+        QCOMPARE(delivered, 3);
+        QVERIFY2(graded <= 3 + 2 * options.jobs, qPrintable(QString::number(graded)));
     }
 
     void commandUsage_data() {

@@ -70,7 +70,10 @@ QString summaryRow(const SummaryRecord& record, const QMap<int, QString>& column
 } // namespace
 
 QString csvField(const QString& text) {
+    static const QString formulaStarts = QStringLiteral("=+-@\t\r");
     QString cell = text;
+    if (!cell.isEmpty() && formulaStarts.contains(cell.front()))
+        cell.prepend(QLatin1Char('\''));
     if (!cell.contains(QLatin1Char(',')) && !cell.contains(QLatin1Char('"')) &&
         !cell.contains(QLatin1Char('\n')) && !cell.contains(QLatin1Char('\r')))
         return cell;

@@ -12,7 +12,9 @@
 
 namespace Grade {
 
-// A text cell: quoted when it holds a comma, a quotation mark or a line break.
+// A text cell: quoted when it holds a comma, a quotation mark or a line break, and led by ' when it
+// would start with a formula sign (= + - @, a tab or a carriage return) that a spreadsheet would
+// run. Numbers are written as they are, not through this.
 QString csvField(const QString& text);
 
 class CsvSink : public ReportSink {

@@ -40,8 +40,9 @@ const QList<ReportFormat>& reportFormats() {
         {QStringLiteral("json"), QStringLiteral("every scored tree in one document, compact unless --pretty"),
          false, makeJson},
         {QStringLiteral("csv"),
-         QStringLiteral("a row per criterion, then a summary row per candidate (see --summary)"), false,
-         makeCsv},
+         QStringLiteral(
+             "criterion rows, then candidate rows; text cells starting = + - @ tab CR get a leading '"),
+         false, makeCsv},
     };
     return formats;
 }

@@ -62,7 +62,7 @@ SectionOutcome gradeSection(const GradeJob& job, const Marks& marks, const Optio
     auto standard = QSharedPointer<Host::ProjectFile>::create();
     Host::ReadError error;
     if (!Host::readProjectFile(job.standardFile, *standard, error)) {
-        tell(QStringLiteral("standard answer ") + error.toString());
+        tell(QStringLiteral("standard answer ") + escapeControls(error.toString()));
         return SectionOutcome::StandardUnreadable;
     }
     if (!sink.beginSection({job.standardFile, standard, int(job.candidates.size())}))
@@ -76,7 +76,7 @@ SectionOutcome gradeSection(const GradeJob& job, const Marks& marks, const Optio
     const bool written =
         gradeBatch(*standard, job.candidates, marks, batch, [&](const CandidateResult& result) {
             if (!result.graded) {
-                progress.message(QStringLiteral("skipped ") + result.error);
+                progress.message(QStringLiteral("skipped ") + escapeControls(result.error));
                 skipped = true;
             }
             return sink.addCandidate(result);
@@ -92,7 +92,7 @@ int runGrading(const Options& options) {
     Marks marks;
     Host::ReadError error;
     if (!options.marksFile.isEmpty() && !readMarksFile(options.marksFile, marks, error)) {
-        tell(error.toString());
+        tell(escapeControls(error.toString()));
         return BadInput;
     }
     const std::unique_ptr<ReportSink> sink = findFormat(options.format)->create(options);
@@ -107,12 +107,12 @@ int runGrading(const Options& options) {
         case SectionOutcome::StandardUnreadable:
             return BadInput; // the report is not finished, so a report file is not left behind
         case SectionOutcome::WriteFailed:
-            tell(sink->error());
+            tell(escapeControls(sink->error()));
             return BadInput;
         }
     }
     if (!sink->finish()) {
-        tell(sink->error());
+        tell(escapeControls(sink->error()));
         return BadInput;
     }
     return exitCode;

@@ -29,11 +29,11 @@ void textNode(QTextStream& out, const ScoredNode& node, int depth, const TextOpt
                        .arg(marksText(node.obtained), 7)
                        .arg(marksText(node.full), 7)
                        .arg(node.lost() ? lostMarker : QStringLiteral(" "))
-                       .arg(QString(depth * 2, QLatin1Char(' ')), node.name);
+                       .arg(QString(depth * 2, QLatin1Char(' ')), escapeControls(node.name));
     if (!node.value.isEmpty() && node.items.isEmpty()) // a group's value says nothing of its own
-        line += QStringLiteral(" [") + node.value + QLatin1Char(']');
+        line += QStringLiteral(" [") + escapeControls(node.value) + QLatin1Char(']');
     if (!node.remark.isEmpty())
-        line += QStringLiteral(" — ") + node.remark;
+        line += QStringLiteral(" — ") + escapeControls(node.remark);
     out << paint(line, node.lost(), options) << '\n';
     for (const ScoredNode& child : node.items)
         textNode(out, child, depth + 1, options);
@@ -43,12 +43,12 @@ void textNode(QTextStream& out, const ScoredNode& node, int depth, const TextOpt
 int textCategories(QTextStream& out, const CandidateResult& result, const TextOptions& options) {
     int unavailable = 0;
     for (const CategoryResult& category : result.categories) {
-        const QString title = category.title;
+        const QString title = escapeControls(category.title);
         if (!category.available) {
             ++unavailable;
             out << QStringLiteral("      -- / %1   %2: %3")
                        .arg(marksText(category.full), 7)
-                       .arg(title, category.note)
+                       .arg(title, escapeControls(category.note))
                 << '\n';
             continue;
         }
@@ -65,13 +65,13 @@ int textCategories(QTextStream& out, const CandidateResult& result, const TextOp
 QString candidateText(const CandidateResult& result, const TextOptions& options) {
     QString text;
     QTextStream out(&text);
-    out << '\n' << "Candidate: " << result.file << '\n';
+    out << '\n' << "Candidate: " << escapeControls(result.file) << '\n';
     if (!result.graded) {
-        out << paint(QStringLiteral("  not graded: ") + result.error, true, options) << '\n';
+        out << paint(QStringLiteral("  not graded: ") + escapeControls(result.error), true, options) << '\n';
         return text;
     }
     for (const QString& note : result.notes)
-        out << "  note: " << note << '\n';
+        out << "  note: " << escapeControls(note) << '\n';
     out << QStringLiteral("obtained /    full   criterion [value] — remark\n");
     const int unavailable = textCategories(out, result, options);
     const bool lost = result.obtained() < result.full() - 1e-9;
@@ -89,11 +89,11 @@ QString candidateText(const CandidateResult& result, const TextOptions& options)
 
 QString summaryLine(const CandidateResult& result) {
     if (!result.graded)
-        return QStringLiteral("     not graded   %1\n").arg(result.file);
+        return QStringLiteral("     not graded   %1\n").arg(escapeControls(result.file));
     return QStringLiteral("%1 / %2   %3\n")
         .arg(marksText(result.obtained()), 7)
         .arg(marksText(result.full()), 7)
-        .arg(result.file);
+        .arg(escapeControls(result.file));
 }
 
 } // namespace
@@ -109,7 +109,8 @@ bool TextSink::beginSection(const SectionStart& section) {
     m_summary = section.candidates > 1;
     const QString rule =
         m_sections++ > 0 ? QLatin1Char('\n') + QString(78, QLatin1Char('=')) + QLatin1Char('\n') : QString();
-    return write(rule + QStringLiteral("Standard answer: ") + section.standardFile + QLatin1Char('\n'));
+    return write(rule + QStringLiteral("Standard answer: ") + escapeControls(section.standardFile) +
+                 QLatin1Char('\n'));
 }
 
 bool TextSink::addCandidate(const CandidateResult& result) {

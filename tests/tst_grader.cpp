@@ -155,6 +155,37 @@ private slots:
             lost.contains(QStringLiteral("\x1b[31m   0.00 /    1.00 ✗   垫层 — 缺少评分项，不得分\x1b[0m")));
     }
 
+    // Control characters of names, values, remarks and file names never reach the terminal raw.
+    void textControlCharacters_data() {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("shown");
+        row("escape in a name", QString("name"), QString("挖土\x1b[2J"), QString("挖土\\x1b[2J"));
+        row("line break in a remark", QString("remark"), QString("a\nb\r"), QString("a\\x0ab\\x0d"));
+        row("DEL in a value", QString("value"), QString("1\x7f"), QString("1\\x7f"));
+        row("C1 CSI in a file name", QString("file"), QString("c\u009b31m.json"), QString("c\\x9b31m.json"));
+        row("tab in an error", QString("error"), QString("d.json:\tbad"), QString("d.json:\\x09bad"));
+    }
+
+    void textControlCharacters() {
+        QFETCH(QString, field);
+        QFETCH(QString, text);
+        QFETCH(QString, shown);
+        QList<ReportSection> report = sections();
+        CandidateResult& graded = report[0].results[0];
+        ScoredNode& leaf = graded.categories[0].tree.items[0];
+        if (field == "name" || field == "remark" || field == "value")
+            (field == "name" ? leaf.name : field == "remark" ? leaf.remark : leaf.value) = text;
+        else
+            (field == "file" ? report[0].results[1].file : report[0].results[1].error) = text;
+        const QString written = ::textReport(report, TextOptions());
+        QVERIFY2(written.contains(shown), qPrintable(written));
+        QVERIFY(!written.contains(text));
+        QVERIFY(std::none_of(written.cbegin(), written.cend(), [](QChar c) {
+            return c != QLatin1Char('\n') && (c < QChar(0x20) || (c >= QChar(0x7f) && c < QChar(0xa0)));
+        }));
+    }
+
     void jsonReport_data() {
         QTest::addColumn<bool>("pretty");
         row("compact", false);
@@ -196,6 +227,37 @@ private slots:
         QCOMPARE(reports.second, QStringLiteral("candidate,status,工作项完整性,逻辑关系,total,full\n"
                                                 "c.json,graded,1,,1,2\n"
                                                 "d.json,not graded,,,,\n"));
+    }
+
+    // A text cell that a spreadsheet would take for a formula is led by '; numbers stay numbers.
+    void csvFormulas_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("cell");
+        QTest::addColumn<QString>("path");
+        row("equals", QString("=HYPERLINK(\"x\")"), QString("\"'=HYPERLINK(\"\"x\"\")\""),
+            QString("\"工作项完整性 > =HYPERLINK(\"\"x\"\")\""));
+        row("plus", QString("+1"), QString("'+1"), QString("工作项完整性 > +1"));
+        row("minus", QString("-1"), QString("'-1"), QString("工作项完整性 > -1"));
+        row("at", QString("@SUM(A1)"), QString("'@SUM(A1)"), QString("工作项完整性 > @SUM(A1)"));
+        row("tab", QString("\tx"), QString("'\tx"), QString("工作项完整性 > \tx"));
+        row("carriage return", QString("\rx"), QString("\"'\rx\""), QString("\"工作项完整性 > \rx\""));
+        row("inside", QString("a=b-c"), QString("a=b-c"), QString("工作项完整性 > a=b-c"));
+    }
+
+    void csvFormulas() {
+        QFETCH(QString, name);
+        QFETCH(QString, cell);
+        QFETCH(QString, path);
+        QList<ReportSection> report = sections();
+        CandidateResult& result = report[0].results[0];
+        result.file = name;
+        result.categories[0].tree.items = {node(name, -0.5, 0.0, name)}; // a deduction
+        result.categories.removeLast();
+        const QPair<QString, QString> reports = ::csvReports(report);
+        QVERIFY2(reports.first.contains(QStringLiteral("\n%1,%2,0,-0.5,%1\n").arg(cell, path)),
+                 qPrintable(reports.first));
+        QVERIFY2(reports.second.contains(QStringLiteral("\n%1,graded,1,1,2\n").arg(cell)),
+                 qPrintable(reports.second));
     }
 
     void marksFile_data() {

@@ -16,7 +16,8 @@ const int bufferSize = 64 * 1024;
 } // namespace
 
 ReportOutput::ReportOutput(const QString& path)
-    : m_path(path), m_name(path.isEmpty() ? QStringLiteral("standard output") : path) {}
+    : m_path(path), m_name(path.isEmpty() ? QStringLiteral("standard output") : path),
+      m_immediate(path.isEmpty()) {}
 
 ReportOutput::ReportOutput(QIODevice* device, const QString& name) : m_name(name), m_device(device) {}
 
@@ -55,7 +56,9 @@ bool ReportOutput::write(const QByteArray& bytes) {
     if (!m_error.isEmpty())
         return false;
     m_buffer += bytes;
-    return m_buffer.size() < bufferSize || flush();
+    // Standard output gets each piece at once, so that a reader sees every candidate as soon as it
+    // is reported; a file appears only at commit(), so it is written in large pieces.
+    return (m_buffer.size() < bufferSize && !m_immediate) || flush();
 }
 
 bool ReportOutput::flush() {

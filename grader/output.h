@@ -48,6 +48,7 @@ private:
     QString m_name;
     std::unique_ptr<QFileDevice> m_file; // what open() made, when the caller gave no device
     QIODevice* m_device = nullptr;
+    bool m_immediate = false; // every write goes to the device at once
     QByteArray m_buffer;
     QString m_error;
 };

@@ -19,10 +19,13 @@ void tell(const QString& message) {
     QTextStream(stderr) << "markgrade: " << message << '\n';
 }
 
-// The progress line on a terminal's standard error; messages are written above it.
+// The progress line on a terminal's standard error; messages are written above it. It is not shown
+// while the report itself streams onto a terminal, where the two would mix.
 class Progress {
 public:
-    explicit Progress(int candidates) : m_shown(candidates > 1 && isatty(STDERR_FILENO)) {}
+    Progress(int candidates, const Options& options)
+        : m_shown(candidates > 1 && isatty(STDERR_FILENO) &&
+                  !(options.output.isEmpty() && isatty(STDOUT_FILENO))) {}
     void update(int done, int total, int secondsLeft) {
         if (m_shown)
             QTextStream(stderr) << '\r' << progressLine(done, total, secondsLeft) << "\x1b[K"
@@ -67,7 +70,7 @@ SectionOutcome gradeSection(const GradeJob& job, const Marks& marks, const Optio
     }
     if (!sink.beginSection({job.standardFile, standard, int(job.candidates.size())}))
         return SectionOutcome::WriteFailed;
-    Progress progress(job.candidates.size());
+    Progress progress(job.candidates.size(), options);
     BatchOptions batch;
     batch.jobs = options.jobs;
     if (progress.shown())

@@ -11,7 +11,10 @@
 
 #include "grading.h"
 #include "projectreader.h"
-#include "report.h"
+#include "jsonreport.h"
+#include "output.h"
+
+#include <QBuffer>
 
 #include <QDir>
 #include <QFile>
@@ -71,13 +74,19 @@ void gradePair(benchmark::State& state, int standardItems, int candidateItems) {
             state.SkipWithError(qPrintable(error.toString()));
             return;
         }
-        Grade::ReportSection section{pair.standard,
-                                     {Grade::gradeFile(standard, pair.candidate, Grade::Marks())}};
-        if (!section.results.first().graded) {
-            state.SkipWithError(qPrintable(section.results.first().error));
+        const Grade::CandidateResult result = Grade::gradeFile(standard, pair.candidate, Grade::Marks());
+        if (!result.graded) {
+            state.SkipWithError(qPrintable(result.error));
             return;
         }
-        const QByteArray report = Grade::jsonReport({section});
+        QByteArray report;
+        QBuffer buffer(&report);
+        buffer.open(QIODevice::WriteOnly);
+        Grade::JsonSink sink(std::make_unique<Grade::ReportOutput>(&buffer, QStringLiteral("report")), false);
+        sink.beginSection(Grade::SectionStart{pair.standard, {}, 1});
+        sink.addCandidate(result);
+        sink.endSection();
+        sink.finish();
         reportBytes = report.size();
         benchmark::DoNotOptimize(report.constData());
     }

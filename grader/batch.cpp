@@ -6,54 +6,146 @@
 #include <QThread>
 
 #include <algorithm>
-#include <atomic>
 #include <condition_variable>
+#include <map>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <vector>
 
 namespace Grade {
 
-QList<CandidateResult> gradeBatch(const Host::ProjectFile& standard, const QStringList& files,
-                                  const Marks& marks, const BatchOptions& options) {
-    const int total = files.size();
-    std::vector<CandidateResult> results(size_t(std::max(total, 0)));
-    std::atomic<int> next{0};
-    int done = 0;
-    std::mutex doneLock;
-    std::condition_variable doneChanged;
-    // Each worker takes the next file until none is left; results land in file order.
-    const auto work = [&] {
-        for (int index; (index = next.fetch_add(1)) < total;) {
-            results[size_t(index)] = gradeFile(standard, files.at(index), marks);
-            const std::lock_guard<std::mutex> locker(doneLock);
-            ++done;
-            doneChanged.notify_all();
-        }
-    };
-    const int jobs = options.jobs > 0 ? options.jobs : QThread::idealThreadCount();
-    std::vector<std::thread> workers;
-    for (int worker = 0; worker < std::min(std::max(jobs, 1), total); ++worker)
-        workers.emplace_back(work);
+namespace {
 
-    QElapsedTimer clock;
+CandidateResult failure(const QString& file, const QString& reason) {
+    CandidateResult result;
+    result.file = file;
+    result.error = QStringLiteral("%1: %2").arg(file, reason);
+    return result;
+}
+
+// One candidate, whatever happens while grading it.
+CandidateResult gradeGuarded(const GradeFunction& grade, const Host::ProjectFile& standard,
+                             const QString& file, const Marks& marks) {
+    try {
+        return grade ? grade(standard, file, marks) : gradeFile(standard, file, marks);
+    } catch (const std::bad_alloc&) {
+        return failure(file, QStringLiteral("out of memory while grading"));
+    } catch (const std::exception& exception) {
+        return failure(file,
+                       QStringLiteral("grading failed: %1").arg(QString::fromLocal8Bit(exception.what())));
+    } catch (...) {
+        return failure(file, QStringLiteral("grading failed"));
+    }
+}
+
+// The state the workers and the delivering thread share, under lock.
+class Batch {
+public:
+    Batch(const Host::ProjectFile& standard, const QStringList& files, const Marks& marks,
+          const GradeFunction& grade, int jobs)
+        : m_standard(standard), m_files(files), m_marks(marks), m_grade(grade), m_window(2 * jobs) {
+        for (int worker = 0; worker < std::min(jobs, int(m_files.size())); ++worker)
+            m_workers.emplace_back([this] { work(); });
+    }
+    // Stops and joins the workers, also when delivery throws.
+    ~Batch() {
+        stop();
+        for (std::thread& worker : m_workers)
+            worker.join();
+    }
+
+    bool deliverAll(const std::function<bool(const CandidateResult&)>& deliver,
+                    const std::function<void(int, int, int)>& progress);
+
+private:
+    void work();
+    void stop() {
+        const std::lock_guard<std::mutex> locker(m_lock);
+        m_stopped = true;
+        m_changed.notify_all();
+    }
+
+    const Host::ProjectFile& m_standard;
+    const QStringList& m_files;
+    const Marks& m_marks;
+    const GradeFunction m_grade;
+    const int m_window;
+    std::vector<std::thread> m_workers;
+
+    std::mutex m_lock;
+    std::condition_variable m_changed;      // a result is ready, one was delivered, or the batch stops
+    std::map<int, CandidateResult> m_ready; // graded, waiting for the ones before them
+    int m_next = 0;                         // the next file to start
+    int m_graded = 0;
+    int m_delivered = 0;
+    bool m_stopped = false;
+};
+
+void Batch::work() {
+    const int total = m_files.size();
+    for (;;) {
+        int index;
+        {
+            std::unique_lock<std::mutex> locker(m_lock);
+            m_changed.wait(locker,
+                           [&] { return m_stopped || m_next >= total || m_next < m_delivered + m_window; });
+            if (m_stopped || m_next >= total)
+                return;
+            index = m_next++;
+        }
+        CandidateResult result = gradeGuarded(m_grade, m_standard, m_files.at(index), m_marks);
+        const std::lock_guard<std::mutex> locker(m_lock);
+        m_ready.emplace(index, std::move(result));
+        ++m_graded;
+        m_changed.notify_all();
+    }
+}
+
+bool Batch::deliverAll(const std::function<bool(const CandidateResult&)>& deliver,
+                       const std::function<void(int, int, int)>& progress) {
+    const int total = m_files.size();
+    QElapsedTimer clock, shown;
     clock.start();
-    for (std::unique_lock<std::mutex> locker(doneLock);;) {
-        if (options.progress) {
-            const int finished = done;
-            const qint64 elapsed = clock.elapsed();
+    std::unique_lock<std::mutex> locker(m_lock);
+    while (m_delivered < total) {
+        const auto due = [&] { return !m_ready.empty() && m_ready.begin()->first == m_delivered; };
+        m_changed.wait_for(locker, std::chrono::milliseconds(200), due);
+        if (progress && (!shown.isValid() || shown.elapsed() >= 200)) {
+            const int graded = m_graded;
             locker.unlock();
-            const int left = finished > 0 ? int(elapsed / 1000.0 / finished * (total - finished) + 0.5) : -1;
-            options.progress(finished, total, left);
+            const qint64 elapsed = clock.elapsed();
+            progress(graded, total,
+                     graded > 0 ? int(elapsed / 1000.0 / graded * (total - graded) + 0.5) : -1);
+            shown.start();
             locker.lock();
         }
-        if (done == total)
-            break;
-        doneChanged.wait_for(locker, std::chrono::milliseconds(200), [&] { return done == total; });
+        if (!due())
+            continue;
+        CandidateResult result = std::move(m_ready.begin()->second);
+        m_ready.erase(m_ready.begin());
+        locker.unlock();
+        const bool delivered = deliver(result);
+        result = CandidateResult(); // the trees and the parsed file go before the next one is taken
+        locker.lock();
+        ++m_delivered;
+        m_changed.notify_all();
+        if (!delivered)
+            return false;
     }
-    for (std::thread& worker : workers)
-        worker.join();
-    return QList<CandidateResult>(results.begin(), results.end());
+    locker.unlock();
+    if (progress)
+        progress(total, total, 0);
+    return true;
+}
+
+} // namespace
+
+bool gradeBatch(const Host::ProjectFile& standard, const QStringList& files, const Marks& marks,
+                const BatchOptions& options, const std::function<bool(const CandidateResult&)>& deliver) {
+    const int jobs = std::max(options.jobs > 0 ? options.jobs : QThread::idealThreadCount(), 1);
+    Batch batch(standard, files, marks, options.grade, jobs);
+    return batch.deliverAll(deliver, options.progress);
 }
 
 QString progressLine(int done, int total, int secondsLeft) {

@@ -21,6 +21,18 @@ namespace {
 // The network-plan principles, judged on the arrow diagram.
 const int principlesType = 7;
 
+// What the scene grades, for the report's header; the plain and Twin scenes judge no attributes,
+// durations, colours or curves.
+QString sceneNote(int scene) {
+    if (scene == Host::SiteScene)
+        return QStringLiteral("graded in the Site scene: all seven categories, with work-item attributes, "
+                              "durations, colours and resource curves");
+    return QStringLiteral(
+               "graded in the %1 scene: work-item integrity, logic, Gantt chart and network "
+               "principles; the Site scene (--scene Site) also judges durations, colours and curves")
+        .arg(Host::sceneName(scene));
+}
+
 QString productTitle(int product) {
     return product == Host::Shape ? QStringLiteral("Shape building model")
                                   : QStringLiteral("%1 pricing").arg(Host::productName(product));
@@ -56,6 +68,11 @@ bool gradeCategory(const Host::ScheduleProject& standard, Host::ScheduleSide& st
 void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& candidate, const Marks& marks,
                    CandidateResult& result) {
     const int scene = standard.schedule.scene;
+    result.notes << sceneNote(scene);
+    for (const QString& warning : standard.schedule.warnings)
+        result.notes << QStringLiteral("standard: ") + warning;
+    for (const QString& warning : candidate.schedule.warnings)
+        result.notes << QStringLiteral("candidate: ") + warning;
     if (candidate.schedule.scene != scene)
         result.notes << QStringLiteral(
                             "the candidate's scene is %1, the standard's %2: graded in the %2 scene")
@@ -156,11 +173,11 @@ CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::Proj
     return result;
 }
 
-CandidateResult gradeFile(const Host::ProjectFile& standard, const QString& candidatePath,
-                          const Marks& marks) {
+CandidateResult gradeFile(const Host::ProjectFile& standard, const QString& candidatePath, const Marks& marks,
+                          const Host::ImportOptions& import) {
     auto candidate = QSharedPointer<Host::ProjectFile>::create();
     Host::ReadError error;
-    if (!Host::readProjectFile(candidatePath, *candidate, error)) {
+    if (!Host::readProjectFile(candidatePath, *candidate, error, import)) {
         CandidateResult result;
         result.file = candidatePath;
         result.error = error.toString();

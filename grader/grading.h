@@ -7,14 +7,15 @@
 #include "graderesult.h"
 #include "marks.h"
 #include "projectmodel.h"
+#include "schedulebuilder.h"
 
 namespace Grade {
 
 CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::ProjectFile& candidate,
                              const Marks& marks);
 // Reads the candidate file first; a file that cannot be read gives an ungraded result with the error.
-CandidateResult gradeFile(const Host::ProjectFile& standard, const QString& candidatePath,
-                          const Marks& marks);
+CandidateResult gradeFile(const Host::ProjectFile& standard, const QString& candidatePath, const Marks& marks,
+                          const Host::ImportOptions& import = Host::ImportOptions());
 
 } // namespace Grade
 

@@ -16,8 +16,10 @@ QList<QPair<QString, QString>> samplePairs();
 
 // Writes DIR/standard.json (the sample schedule standard) and count candidates
 // DIR/candidate-0001.json ..., variations of the sample candidate; the middle one is cut short, so
-// that it cannot be read. Fills files with the candidates' paths; false with a message on failure.
-bool generateBatch(const QString& dir, int count, QStringList& files, QString& error);
+// that it cannot be read. With stages > 1 every schedule chains that many copies of the sample's 30
+// work items, each copy after the one before, for batches of large projects. Fills files with the
+// candidates' paths; false with a message on failure.
+bool generateBatch(const QString& dir, int count, QStringList& files, QString& error, int stages = 1);
 
 } // namespace Grade
 

@@ -1,15 +1,23 @@
 // The grader: reports of scored trees made by hand (text, JSON, CSV and the batch summary), the marks
-// file and the progress line, and the markgrade command run as a separate process on small files.
+// file, the command line, the streaming batch with a grading function of the test's own, and the
+// markgrade command run as a separate process on small files.
 #include "batch.h"
+#include "csvreport.h"
+#include "jsonreport.h"
 #include "marks.h"
-#include "report.h"
+#include "options.h"
+#include "textreport.h"
 
+#include <QBuffer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <atomic>
+#include <thread>
 
 using namespace Grade;
 
@@ -30,6 +38,12 @@ ScoredNode node(const QString& name, double obtained, double full, const QString
     return n;
 }
 
+// The candidates graded against one standard answer.
+struct ReportSection {
+    QString standardFile;
+    QList<CandidateResult> results;
+};
+
 // Standard s.json with c.json graded: integrity 1.0 of 2 (a missing work item), logic (5 marks) not
 // available; and d.json, which could not be read.
 QList<ReportSection> sections() {
@@ -49,13 +63,57 @@ QList<ReportSection> sections() {
                {}}}}};
 }
 
+// What a sink writes for the sections, fed as a batch feeds it.
+QString report(ReportSink& sink, const QList<ReportSection>& sections) {
+    bool ok = true;
+    for (const ReportSection& section : sections) {
+        ok = ok && sink.beginSection({section.standardFile, {}, int(section.results.size())});
+        for (const CandidateResult& result : section.results)
+            ok = ok && sink.addCandidate(result);
+        ok = ok && sink.endSection();
+    }
+    return ok && sink.finish() ? QString() : sink.error();
+}
+
+std::unique_ptr<ReportOutput> into(QBuffer& buffer) {
+    buffer.open(QIODevice::WriteOnly);
+    return std::make_unique<ReportOutput>(&buffer, QStringLiteral("buffer"));
+}
+
+QString textReport(const QList<ReportSection>& sections, const TextOptions& options) {
+    QBuffer buffer;
+    TextSink sink(into(buffer), options);
+    const QString error = report(sink, sections);
+    return error.isEmpty() ? QString::fromUtf8(buffer.data()) : error;
+}
+
+// The rows and the summary of a CSV report with a summary file.
+QPair<QString, QString> csvReports(const QList<ReportSection>& sections) {
+    QBuffer rows, summary;
+    CsvSink sink(into(rows), into(summary));
+    const QString error = report(sink, sections);
+    return qMakePair(error.isEmpty() ? QString::fromUtf8(rows.data()) : error,
+                     QString::fromUtf8(summary.data()));
+}
+
+// A result of the file, graded with no categories, or not graded with the error.
+CandidateResult made(const QString& file, const QString& error = QString()) {
+    CandidateResult result;
+    result.file = file;
+    result.graded = error.isEmpty();
+    result.error = error;
+    return result;
+}
+
 struct Run {
     int exitCode = -1;
     QString out, err;
 };
 
-Run markgrade(const QStringList& arguments) {
+Run markgrade(const QStringList& arguments, const QString& standardOutput = QString()) {
     QProcess process;
+    if (!standardOutput.isEmpty())
+        process.setStandardOutputFile(standardOutput);
     process.start(QStringLiteral(MARKGRADE_PATH), arguments);
     const bool finished = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
     return {finished ? process.exitCode() : -1, QString::fromUtf8(process.readAllStandardOutput()),
@@ -74,7 +132,7 @@ private slots:
     }
 
     void textReport() {
-        QCOMPARE(Grade::textReport(sections(), ReportOptions()),
+        QCOMPARE(::textReport(sections(), TextOptions()),
                  QStringLiteral("Standard answer: s.json\n\n"
                                 "Candidate: c.json\n"
                                 "obtained /    full   criterion [value] — remark\n"
@@ -88,16 +146,54 @@ private slots:
                                 "Summary\n"
                                 "   1.00 /    2.00   c.json\n"
                                 "     not graded   d.json\n"));
-        ReportOptions options;
+        TextOptions options;
         options.lostOnly = true;
         options.color = true;
-        const QString lost = Grade::textReport(sections(), options);
+        const QString lost = ::textReport(sections(), options);
         QVERIFY(!lost.contains(QStringLiteral("挖土"))); // nothing lost there
         QVERIFY(
             lost.contains(QStringLiteral("\x1b[31m   0.00 /    1.00 ✗   垫层 — 缺少评分项，不得分\x1b[0m")));
     }
 
+    // Control characters of names, values, remarks and file names never reach the terminal raw.
+    void textControlCharacters_data() {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("shown");
+        row("escape in a name", QString("name"), QString("挖土\x1b[2J"), QString("挖土\\x1b[2J"));
+        row("line break in a remark", QString("remark"), QString("a\nb\r"), QString("a\\x0ab\\x0d"));
+        row("DEL in a value", QString("value"), QString("1\x7f"), QString("1\\x7f"));
+        row("C1 CSI in a file name", QString("file"), QString("c\u009b31m.json"), QString("c\\x9b31m.json"));
+        row("tab in an error", QString("error"), QString("d.json:\tbad"), QString("d.json:\\x09bad"));
+    }
+
+    void textControlCharacters() {
+        QFETCH(QString, field);
+        QFETCH(QString, text);
+        QFETCH(QString, shown);
+        QList<ReportSection> report = sections();
+        CandidateResult& graded = report[0].results[0];
+        ScoredNode& leaf = graded.categories[0].tree.items[0];
+        if (field == "name" || field == "remark" || field == "value")
+            (field == "name" ? leaf.name : field == "remark" ? leaf.remark : leaf.value) = text;
+        else
+            (field == "file" ? report[0].results[1].file : report[0].results[1].error) = text;
+        const QString written = ::textReport(report, TextOptions());
+        QVERIFY2(written.contains(shown), qPrintable(written));
+        QVERIFY(!written.contains(text));
+        QVERIFY(std::none_of(written.cbegin(), written.cend(), [](QChar c) {
+            return c != QLatin1Char('\n') && (c < QChar(0x20) || (c >= QChar(0x7f) && c < QChar(0xa0)));
+        }));
+    }
+
+    void jsonReport_data() {
+        QTest::addColumn<bool>("pretty");
+        row("compact", false);
+        row("pretty", true);
+    }
+
     void jsonReport() {
+        QFETCH(bool, pretty);
         const QByteArray expected = R"({"reports":[{"standard":"s.json","candidates":[
             {"file":"c.json","graded":true,"notes":[],"full":2,"obtained":1,"categories":[
              {"type":1,"title":"工作项完整性","available":true,"full":2,"obtained":1,"tree":
@@ -105,21 +201,63 @@ private slots:
                {"name":"挖土","value":"1","full":1,"obtained":1,"remark":"","lost":false,"items":[]},
                {"name":"垫层","value":"","full":1,"obtained":0,"remark":"缺少评分项，不得分","lost":true,"items":[]}]}},
              {"type":3,"title":"逻辑关系","available":false,"full":5,"obtained":0,"note":"not available: \u0022逻辑关系\u0022, none"}]},
-            {"file":"d.json","graded":false,"error":"d.json: $: expected a JSON document"}]}]})";
-        QCOMPARE(QJsonDocument::fromJson(Grade::jsonReport(sections())), QJsonDocument::fromJson(expected));
+            {"file":"d.json","graded":false,"error":"d.json: $: expected a JSON document"}]},
+            {"standard":"t.json","candidates":[]}]})";
+        QBuffer buffer;
+        JsonSink sink(into(buffer), pretty);
+        QCOMPARE(report(sink, sections() + QList<ReportSection>{{"t.json", {}}}), QString());
+        QJsonParseError error;
+        QCOMPARE(QJsonDocument::fromJson(buffer.data(), &error), QJsonDocument::fromJson(expected));
+        QCOMPARE(error.error, QJsonParseError::NoError);
+        // Compact is one line; pretty is laid out line for line as QJsonDocument indents.
+        const QJsonDocument::JsonFormat format = pretty ? QJsonDocument::Indented : QJsonDocument::Compact;
+        QCOMPARE(buffer.data().count('\n'),
+                 QJsonDocument::fromJson(buffer.data()).toJson(format).count('\n') + !pretty);
     }
 
     void csvReports() {
-        QCOMPARE(csvReport(sections()),
-                 QStringLiteral("candidate,path,full,obtained,remark\n"
-                                "c.json,工作项完整性,2,1,\n"
-                                "c.json,工作项完整性 > 挖土,1,1,\n"
-                                "c.json,工作项完整性 > 垫层,1,0,缺少评分项，不得分\n"
-                                "c.json,逻辑关系,5,,\"not available: \"\"逻辑关系\"\", none\"\n"
-                                "d.json,,,,not graded: d.json: $: expected a JSON document\n"));
-        QCOMPARE(csvSummary(sections()), QStringLiteral("candidate,status,工作项完整性,逻辑关系,total,full\n"
-                                                        "c.json,graded,1,,1,2\n"
-                                                        "d.json,not graded,,,,\n"));
+        const QPair<QString, QString> reports = ::csvReports(sections());
+        QCOMPARE(reports.first,
+                 QStringLiteral("candidate,path,full,obtained,remark,note\n"
+                                "c.json,工作项完整性,2,1,,\n"
+                                "c.json,工作项完整性 > 挖土,1,1,,\n"
+                                "c.json,工作项完整性 > 垫层,1,0,缺少评分项，不得分,\n"
+                                "c.json,逻辑关系,5,,,\"not available: \"\"逻辑关系\"\", none\"\n"
+                                "d.json,,,,,not graded: d.json: $: expected a JSON document\n"));
+        QCOMPARE(reports.second, QStringLiteral("candidate,status,工作项完整性,逻辑关系,total,full\n"
+                                                "c.json,graded,1,,1,2\n"
+                                                "d.json,not graded,,,,\n"));
+    }
+
+    // A text cell that a spreadsheet would take for a formula is led by '; numbers stay numbers.
+    void csvFormulas_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("cell");
+        QTest::addColumn<QString>("path");
+        row("equals", QString("=HYPERLINK(\"x\")"), QString("\"'=HYPERLINK(\"\"x\"\")\""),
+            QString("\"工作项完整性 > =HYPERLINK(\"\"x\"\")\""));
+        row("plus", QString("+1"), QString("'+1"), QString("工作项完整性 > +1"));
+        row("minus", QString("-1"), QString("'-1"), QString("工作项完整性 > -1"));
+        row("at", QString("@SUM(A1)"), QString("'@SUM(A1)"), QString("工作项完整性 > @SUM(A1)"));
+        row("tab", QString("\tx"), QString("'\tx"), QString("工作项完整性 > \tx"));
+        row("carriage return", QString("\rx"), QString("\"'\rx\""), QString("\"工作项完整性 > \rx\""));
+        row("inside", QString("a=b-c"), QString("a=b-c"), QString("工作项完整性 > a=b-c"));
+    }
+
+    void csvFormulas() {
+        QFETCH(QString, name);
+        QFETCH(QString, cell);
+        QFETCH(QString, path);
+        QList<ReportSection> report = sections();
+        CandidateResult& result = report[0].results[0];
+        result.file = name;
+        result.categories[0].tree.items = {node(name, -0.5, 0.0, name)}; // a deduction
+        result.categories.removeLast();
+        const QPair<QString, QString> reports = ::csvReports(report);
+        QVERIFY2(reports.first.contains(QStringLiteral("\n%1,%2,0,-0.5,%1,\n").arg(cell, path)),
+                 qPrintable(reports.first));
+        QVERIFY2(reports.second.contains(QStringLiteral("\n%1,graded,1,1,2\n").arg(cell)),
+                 qPrintable(reports.second));
     }
 
     void marksFile_data() {
@@ -153,13 +291,102 @@ private slots:
         QCOMPARE(progressLine(120, 650, 125), QStringLiteral("graded 120/650, about 2:05 left"));
     }
 
+    // Short options take their value attached or apart; a value is never split, whatever it looks like.
+    void options_data() {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("parsed"); // format|output|jobs|files
+        row("apart", QStringList{"-j", "2", "-f", "csv", "-o", "r.csv", "s", "c"},
+            QString("csv|r.csv|2|s c"));
+        row("attached", QStringList{"-j2", "-fcsv", "-or.csv", "s", "c"}, QString("csv|r.csv|2|s c"));
+        row("long", QStringList{"--jobs=2", "--format", "csv", "-output", "r.csv", "s", "c"},
+            QString("csv|r.csv|2|s c"));
+        row("single-dash long", QStringList{"-jobs", "3", "-format", "json", "s", "c"},
+            QString("json||3|s c"));
+        row("value like an option", QStringList{"-o", "-j3", "s", "c"}, QString("text|-j3|0|s c"));
+        row("files after --", QStringList{"-j2", "--", "-fcsv", "c"}, QString("text||2|-fcsv c"));
+    }
+
+    void options() {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, parsed);
+        Options options;
+        QString error;
+        QVERIFY2(parseOptions(QStringList{"markgrade"} + arguments, options, error), qPrintable(error));
+        QCOMPARE(QStringList({options.format, options.output, QString::number(options.jobs),
+                              options.files.join(QLatin1Char(' '))})
+                     .join(QLatin1Char('|')),
+                 parsed);
+    }
+
+    // Results come in file order whatever order the workers finish in, no worker starts a file 2 ×
+    // jobs or more ahead of the one delivered, and a candidate whose grading throws fails alone.
+    void batchStreams_data() {
+        QTest::addColumn<int>("jobs");
+        row("one worker", 1);
+        row("two workers", 2);
+        row("four workers", 4);
+    }
+
+    void batchStreams() {
+        QFETCH(int, jobs);
+        QStringList files;
+        for (int i = 0; i < 24; ++i)
+            files << QString::number(i);
+        std::atomic<int> delivered{0}, furthestAhead{0};
+        BatchOptions options;
+        options.jobs = jobs;
+        options.grade = [&](const Host::ProjectFile&, const QString& file, const Marks&) {
+            const int index = file.toInt();
+            for (int ahead = furthestAhead; index - delivered > ahead;)
+                furthestAhead.compare_exchange_weak(ahead, index - delivered);
+            std::this_thread::sleep_for(std::chrono::milliseconds(index % 3)); // finishing out of order
+            if (index == 7)
+                throw std::bad_alloc();
+            if (index == 11)
+                throw std::runtime_error("disk on fire");
+            return made(file);
+        };
+        QStringList order, errors;
+        QVERIFY(gradeBatch(Host::ProjectFile(), files, Marks(), options, [&](const CandidateResult& result) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(3)); // a slow report
+            order << result.file;
+            if (!result.graded)
+                errors << result.error;
+            ++delivered;
+            return true;
+        }));
+        QCOMPARE(order, files);
+        QCOMPARE(errors, QStringList({"7: out of memory while grading", "11: grading failed: disk on fire"}));
+        QVERIFY2(furthestAhead < 2 * jobs, qPrintable(QString::number(furthestAhead)));
+    }
+
+    // A report that fails to write stops the batch: no more files are started.
+    void batchStopsOnWriteError() {
+        QStringList files;
+        for (int i = 0; i < 100; ++i)
+            files << QStringLiteral("c.json");
+        std::atomic<int> graded{0};
+        BatchOptions options;
+        options.jobs = 2;
+        options.grade = [&](const Host::ProjectFile&, const QString& file, const Marks&) {
+            ++graded;
+            return made(file);
+        };
+        int delivered = 0;
+        QVERIFY(!gradeBatch(Host::ProjectFile(), files, Marks(), options,
+                            [&](const CandidateResult&) { return ++delivered < 3; }));
+        QCOMPARE(delivered, 3);
+        QVERIFY2(graded <= 3 + 2 * options.jobs, qPrintable(QString::number(graded)));
+    }
+
     void commandUsage_data() {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("message");
         row("unknown option", QStringList{"--frobnicate"}, "Unknown option 'frobnicate'");
         row("standard alone", QStringList{"a.json"}, "a standard answer needs at least one candidate");
-        row("format", QStringList{"-f", "xml", "a.json", "b.json"},
-            "unknown format \"xml\": use text, json or csv");
+        row("format", QStringList{"-fxml", "a.json", "b.json"},
+            "unknown format \"xml\": use text, json, csv or html");
+        row("no workers", QStringList{"-j0", "a.json", "b.json"}, "--jobs takes a number of at least 1");
     }
 
     void commandUsage() {
@@ -205,12 +432,54 @@ private slots:
         QVERIFY(candidates[0]["graded"].toBool() && !candidates[1]["graded"].toBool() &&
                 candidates[2]["graded"].toBool());
 
-        // CSV: the rows, then a summary with the categories' titles.
-        const Run csv = markgrade({"--format", "csv", a, a, b});
+        QCOMPARE(json.out.count(QLatin1Char('\n')), 1); // compact
+
+        // CSV on two workers, -j2 or -j 2 alike: the rows, then a summary with the categories' titles
+        // and the candidates in file order.
+        const Run csv = markgrade({"--format", "csv", "-j2", a, a, b, a});
         QCOMPARE(csv.exitCode, 0);
-        QVERIFY(csv.out.contains(
-            QStringLiteral("\n\ncandidate,status,工作项完整性,工作项属性,逻辑关系,资源曲线图正确性,"
-                           "横道图合理性,网络计划合理性,网络计划原则,total,full\n")));
+        QCOMPARE(markgrade({"--format", "csv", "-j", "2", a, a, b, a}).out, csv.out);
+        const QStringList summary =
+            csv.out.section(QStringLiteral("\n\n"), 1).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(summary.value(0),
+                 QStringLiteral("candidate,status,工作项完整性,工作项属性,逻辑关系,资源曲线图正确性,"
+                                "横道图合理性,网络计划合理性,网络计划原则,total,full"));
+        QStringList order;
+        for (const QString& line : summary.mid(1))
+            order << line.section(QLatin1Char(','), 0, 0);
+        QCOMPARE(order, QStringList({a, b, a}));
+    }
+
+    // A report that cannot be written whole is not written at all: exit code 1, a message naming the
+    // output and the reason, and no file (nor temporary file) left behind.
+    void commandWriteErrors_data() {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("standardOutput");
+        QTest::addColumn<QString>("message");
+        row("standard output full", QStringList{}, QString("/dev/full"),
+            QString("standard output: cannot be written: No space left on device"));
+        row("file full", QStringList{"-f", "json", "-o", "/dev/full"}, QString(),
+            QString("/dev/full: cannot be written: No space left on device"));
+        row("no such directory", QStringList{"-f", "csv", "-o", "DIR/missing/r.csv"}, QString(),
+            QString("DIR/missing/r.csv: cannot be written: No such file or directory"));
+        row("summary in no such directory",
+            QStringList{"-f", "csv", "-o", "DIR/r.csv", "--summary", "DIR/missing/s.csv"}, QString(),
+            QString("DIR/missing/s.csv: cannot be written: No such file or directory"));
+    }
+
+    void commandWriteErrors() {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, standardOutput);
+        QFETCH(QString, message);
+        QTemporaryDir dir;
+        arguments.replaceInStrings(QStringLiteral("DIR"), dir.path());
+        const Run run = markgrade(arguments, standardOutput); // the built-in sample exam
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.contains(QStringLiteral("markgrade: ") +
+                                  message.replace(QStringLiteral("DIR"), dir.path())),
+                 qPrintable(run.err));
+        QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList());
     }
 };
 

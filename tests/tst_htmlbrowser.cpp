@@ -368,8 +368,9 @@ private:
         m_batchReport = m_dir.filePath(QStringLiteral("batch-report"));
         HtmlReportSink sink(m_batchReport);
         QVERIFY(sink.beginSection(SectionStart{QStringLiteral("standard.json"), standard, batchSize}));
-        for (const CandidateResult& result : gradeBatch(*standard, files, Marks(), BatchOptions()))
-            QVERIFY2(sink.addCandidate(result), qPrintable(sink.error()));
+        QVERIFY2(gradeBatch(*standard, files, Marks(), BatchOptions(),
+                            [&sink](const CandidateResult& result) { return sink.addCandidate(result); }),
+                 qPrintable(sink.error()));
         QVERIFY2(sink.endSection() && sink.finish(), qPrintable(sink.error()));
     }
 

@@ -1,0 +1,42 @@
+// The JSON report: every scored tree, as one document
+// {"reports": [{"standard": file, "candidates": [...]}, ...]}, written candidate by candidate.
+// Compact unless pretty, which indents it as QJsonDocument does.
+#ifndef JSONREPORT_H
+#define JSONREPORT_H
+
+#include "output.h"
+#include "reportsink.h"
+
+#include <QJsonObject>
+
+#include <memory>
+
+namespace Grade {
+
+// One candidate's object in the report.
+QJsonObject candidateJson(const CandidateResult& result);
+
+class JsonSink : public ReportSink {
+public:
+    JsonSink(std::unique_ptr<ReportOutput> output, bool pretty);
+
+    bool beginSection(const SectionStart& section) override;
+    bool addCandidate(const CandidateResult& result) override;
+    bool endSection() override;
+    bool finish() override;
+
+private:
+    bool write(const QByteArray& bytes);
+    // A line break and the indentation of depth levels when pretty; nothing otherwise.
+    QByteArray indent(int depth) const;
+    QByteArray opening() const; // up to the array of the sections
+
+    std::unique_ptr<ReportOutput> m_output;
+    bool m_pretty;
+    int m_sections = 0;
+    int m_candidates = 0; // in the current section
+};
+
+} // namespace Grade
+
+#endif // JSONREPORT_H

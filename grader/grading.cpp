@@ -8,6 +8,7 @@
 
 #include "hosttexts_p.h"
 #include "markpointer.h"
+#include "markruletables.h"
 #include "qmarkcategoryvirtual.h"
 #include "qratingitembase.h"
 
@@ -31,6 +32,20 @@ QString sceneNote(int scene) {
                "graded in the %1 scene: work-item integrity, logic, Gantt chart and network "
                "principles; the Site scene (--scene Site) also judges durations, colours and curves")
         .arg(Host::sceneName(scene));
+}
+
+// Resources whose names no Site rule knows, so that a course can map them in its settings.
+QString unknownResources(Host::ScheduleSide& side) {
+    const QStringList known = MarkRuleTables::canonicalResourceNames();
+    QStringList unknown;
+    for (const Host::ResourceData& resource : side.data().project().resources)
+        if (!known.contains(side.data().canonicalName(resource.name)))
+            unknown << resource.name;
+    if (unknown.isEmpty())
+        return QString();
+    return QStringLiteral("no Site rule knows the resources %1; map them to the catalogue's names with "
+                          "resourceNames in the course settings")
+        .arg(unknown.join(QStringLiteral(", ")));
 }
 
 QString productTitle(int product) {
@@ -105,6 +120,14 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
         }
         category.available = category.note.isEmpty();
         result.categories.append(category);
+    }
+    if (scene == Host::SiteScene) {
+        for (auto side :
+             {std::make_pair(&standardSide, "standard: "), std::make_pair(&candidateSide, "candidate: ")}) {
+            const QString unknown = unknownResources(*side.first);
+            if (!unknown.isEmpty())
+                result.notes << QLatin1String(side.second) + unknown;
+        }
     }
     for (const QString& note : standardSide.notes())
         result.notes << QStringLiteral("standard: ") + note;

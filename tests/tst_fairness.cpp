@@ -139,6 +139,29 @@ private slots:
         QCOMPARE(categoryOf(result, 6).obtained, rationality);
     }
 
+    // Resources named in a tool's own words are reported until the course maps them.
+    void unknownResources_data() {
+        QTest::addColumn<bool>("mapped");
+        QTest::addColumn<QString>("note");
+        row("as the file names them", false,
+            QStringLiteral("candidate: no Site rule knows the resources Labourer, Carpenter; map them to the "
+                           "catalogue's names with resourceNames in the course settings"));
+        row("mapped by the course", true, QString());
+    }
+
+    void unknownResources() {
+        QFETCH(bool, mapped);
+        QFETCH(QString, note);
+        ImportOptions options;
+        options.scene = SiteScene;
+        if (mapped)
+            options.resourceNames = {{"Labourer", "混凝土工"}, {"Carpenter", "模板工"}};
+        const ProjectFile file = TestDump::read(QStringLiteral(FORMAT_FIXTURES "/house.xml"), options);
+        const QStringList notes =
+            gradeProject(file, file, Marks()).notes.filter(QStringLiteral("candidate: "));
+        QCOMPARE(notes.join('\n'), note);
+    }
+
     // Names that collide stay one duplicated criterion unless they are numbered.
     void duplicateNames_data() {
         QTest::addColumn<bool>("dedupe");

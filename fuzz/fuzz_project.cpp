@@ -1,0 +1,11 @@
+// Fuzz target for our own JSON project format (schedules, pricing files and building models) through
+// the shared finishing step: the input is a whole file, seeded with the house schedule's twin.
+#include "fuzz_document.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    return FuzzDocument::read(data, size);
+}
+
+QList<QByteArray> fuzzSeeds() {
+    return FuzzDocument::fixtures({"house.json"});
+}

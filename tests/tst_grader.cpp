@@ -260,6 +260,27 @@ private slots:
                  qPrintable(reports.second));
     }
 
+    // Marks keep twelve significant digits, as a spreadsheet reads them back.
+    void csvNumbers_data() {
+        QTest::addColumn<double>("obtained");
+        QTest::addColumn<QString>("cell");
+        row("whole", 100.0, QString("100"));
+        row("third", 2.0 / 3, QString("0.666666666667"));
+        row("negative zero", -0.0, QString("0"));
+        row("tiny", 1e-7, QString("1e-07"));
+        row("huge", 1234567890123.0, QString("1.23456789012e+12"));
+    }
+
+    void csvNumbers() {
+        QFETCH(double, obtained);
+        QFETCH(QString, cell);
+        QList<ReportSection> report = sections();
+        report[0].results[0].categories[0].tree.obtained = obtained;
+        QVERIFY2(
+            ::csvReports(report).first.contains(QStringLiteral("\nc.json,工作项完整性,2,%1,\n").arg(cell)),
+            qPrintable(::csvReports(report).first));
+    }
+
     void marksFile_data() {
         QTest::addColumn<QByteArray>("document");
         QTest::addColumn<QString>("error");

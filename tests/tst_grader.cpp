@@ -277,7 +277,7 @@ private slots:
         QList<ReportSection> report = sections();
         report[0].results[0].categories[0].tree.obtained = obtained;
         QVERIFY2(
-            ::csvReports(report).first.contains(QStringLiteral("\nc.json,工作项完整性,2,%1,\n").arg(cell)),
+            ::csvReports(report).first.contains(QStringLiteral("\nc.json,工作项完整性,2,%1,,\n").arg(cell)),
             qPrintable(::csvReports(report).first));
     }
 

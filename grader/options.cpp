@@ -47,32 +47,32 @@ bool positiveNumber(const QString& text, int& number) {
     return isNumber && number >= 1;
 }
 
-bool readReportOptions(const QCommandLineParser& parser, const CommandOptions& spec, Options& options,
+bool readReportOptions(const QCommandLineParser& parser, const CommandOptions& known, Options& options,
                        QString& error) {
-    if (parser.isSet(spec.format))
-        options.format = parser.value(spec.format);
+    if (parser.isSet(known.format))
+        options.format = parser.value(known.format);
     const ReportFormat* format = findFormat(options.format);
     if (!format) {
         error = QStringLiteral("unknown format \"%1\": use %2").arg(options.format, formatNames());
         return false;
     }
-    options.output = parser.value(spec.output);
+    options.output = parser.value(known.output);
     if (format->outputIsDirectory && options.output.isEmpty()) {
         error = QStringLiteral("-f %1 writes a directory: name it with -o DIR").arg(format->name);
         return false;
     }
-    options.marksFile = parser.value(spec.marks);
-    options.settingsFile = parser.value(spec.settings);
-    options.dedupeNames = parser.isSet(spec.dedupe);
-    options.scene = parser.value(spec.scene);
-    if (parser.isSet(spec.scene) && Host::sceneCode(options.scene) < 0) {
+    options.marksFile = parser.value(known.marks);
+    options.settingsFile = parser.value(known.settings);
+    options.dedupeNames = parser.isSet(known.dedupe);
+    options.scene = parser.value(known.scene);
+    if (parser.isSet(known.scene) && Host::sceneCode(options.scene) < 0) {
         error = QStringLiteral("unknown --scene \"%1\": use plain, Site or Twin").arg(options.scene);
         return false;
     }
-    options.summary = parser.value(spec.summary);
-    options.lostOnly = parser.isSet(spec.lostOnly);
-    options.pretty = parser.isSet(spec.pretty);
-    const QString color = parser.isSet(spec.color) ? parser.value(spec.color) : QStringLiteral("auto");
+    options.summary = parser.value(known.summary);
+    options.lostOnly = parser.isSet(known.lostOnly);
+    options.pretty = parser.isSet(known.pretty);
+    const QString color = parser.isSet(known.color) ? parser.value(known.color) : QStringLiteral("auto");
     const QStringList colors{QStringLiteral("auto"), QStringLiteral("always"), QStringLiteral("never")};
     if (!colors.contains(color)) {
         error = QStringLiteral("unknown --color \"%1\": use auto, always or never").arg(color);
@@ -82,17 +82,17 @@ bool readReportOptions(const QCommandLineParser& parser, const CommandOptions& s
     return true;
 }
 
-bool readGenerateOptions(const QCommandLineParser& parser, const CommandOptions& spec, Options& options,
+bool readGenerateOptions(const QCommandLineParser& parser, const CommandOptions& known, Options& options,
                          QString& error) {
     options.command = Command::Generate;
-    options.generateDir = parser.value(spec.generate);
+    options.generateDir = parser.value(known.generate);
     const QStringList arguments = parser.positionalArguments();
     if (arguments.size() != 1 || !positiveNumber(arguments[0], options.generateCount)) {
         error = QStringLiteral("--generate-batch DIR takes one more argument, the number of candidates "
                                "(1 or more)");
         return false;
     }
-    if (parser.isSet(spec.stages) && !positiveNumber(parser.value(spec.stages), options.stages)) {
+    if (parser.isSet(known.stages) && !positiveNumber(parser.value(known.stages), options.stages)) {
         error = QStringLiteral("--stages takes a number of at least 1");
         return false;
     }
@@ -137,23 +137,23 @@ QStringList splitAttachedValues(const QStringList& arguments) {
 }
 
 bool parseOptions(const QStringList& arguments, Options& options, QString& error) {
-    const CommandOptions spec;
+    const CommandOptions known;
     QCommandLineParser parser;
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    parser.addOptions(spec.all());
+    parser.addOptions(known.all());
     if (!parser.parse(splitAttachedValues(arguments))) {
         error = parser.errorText();
         return false;
     }
-    if (parser.isSet(spec.help)) {
+    if (parser.isSet(known.help)) {
         options.command = Command::Help;
         return true;
     }
-    if (!readReportOptions(parser, spec, options, error))
+    if (!readReportOptions(parser, known, options, error))
         return false;
-    if (parser.isSet(spec.generate))
-        return readGenerateOptions(parser, spec, options, error);
-    if (parser.isSet(spec.jobs) && !positiveNumber(parser.value(spec.jobs), options.jobs)) {
+    if (parser.isSet(known.generate))
+        return readGenerateOptions(parser, known, options, error);
+    if (parser.isSet(known.jobs) && !positiveNumber(parser.value(known.jobs), options.jobs)) {
         error = QStringLiteral("--jobs takes a number of at least 1");
         return false;
     }

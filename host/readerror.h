@@ -12,6 +12,12 @@ struct ReadError {
     QString path;    // the location in the file; empty when the file as a whole is meant
     QString message; // what was expected and what was found
     bool isSet() const { return !message.isEmpty(); }
+    // Records the error at where; false, so that a reader can return it.
+    bool fail(const QString& where, const QString& what) {
+        path = where;
+        message = what;
+        return false;
+    }
     // "file: location: message"
     QString toString() const {
         QString out = file;

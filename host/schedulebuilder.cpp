@@ -49,11 +49,7 @@ public:
     bool run();
 
 private:
-    bool fail(const QString& where, const QString& message) {
-        error.path = where;
-        error.message = message;
-        return false;
-    }
+    bool fail(const QString& where, const QString& message) { return error.fail(where, message); }
     bool indexTasks();
     void markSummaries();
     bool makeWorkItems();

@@ -8,9 +8,24 @@
 #include "projectreader.h"
 
 #include <QFile>
+#include <QTest>
 #include <QStringList>
 
 namespace TestDump {
+
+// A file of tests/data/formats (the test defines FORMAT_FIXTURES).
+inline QString fixture(const QString& name) {
+    return QStringLiteral(FORMAT_FIXTURES "/") + name;
+}
+
+inline QByteArray fixtureBytes(const QString& name) {
+    QFile file(fixture(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+template <typename... Cells> void row(const char* tag, const Cells&... cells) {
+    (QTest::newRow(tag) << ... << cells);
+}
 
 inline QString linkText(const Host::LinkData& link, const QList<Host::WorkItemData>& items) {
     static const char* const types[] = {"FS", "SS", "FF", "SF"};

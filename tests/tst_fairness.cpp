@@ -8,12 +8,9 @@
 
 using namespace Host;
 using namespace Grade;
+using TestDump::row;
 
 namespace {
-
-template <typename... Cells> void row(const char* tag, const Cells&... cells) {
-    (QTest::newRow(tag) << ... << cells);
-}
 
 ProjectFile readBytes(const QByteArray& bytes, const ImportOptions& options = ImportOptions()) {
     ProjectFile file;

@@ -119,7 +119,8 @@ private slots:
         // Integrity 14.5 - 0.5 = 14; attributes 20 - 4/3 - 2/27 (two items of 2/3, one of nine
         // attributes); logic 20 - 8/3 (基坑支护, 垫层施工, 二层柱钢筋, surplus 安全文明施工); curves 15
         // - 1.5; Gantt 10/3 (rows and order fail); rationality 10 (the concrete fluctuation equals the
-        // standard's, 104/49 both, which is within the standard's limit); principles 10/3 (two ends and a break, no surplus dummy).
+        // standard's, 104/49 both, which is within the standard's limit); principles 10/3 (two ends and a
+        // break, no surplus dummy).
         row("schedule", "schedule", 14 + 502.0 / 27 + 52.0 / 3 + 13.5 + 10.0 / 3 + 10 + 10.0 / 3);
         // Four rates at 25: 25.4 against 25 within 2%: 25; 18.63 against 18 is 3.5% off:
         // 25 × (5 - 3.5) / 3 = 12.5; one missing, one surplus: 0; one exact: 25.

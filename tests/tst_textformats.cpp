@@ -5,21 +5,11 @@
 #include <QtTest>
 
 using namespace Host;
+using TestDump::fixture;
+using TestDump::fixtureBytes;
+using TestDump::row;
 
 namespace {
-
-QString fixture(const QString& name) {
-    return QStringLiteral(FORMAT_FIXTURES "/") + name;
-}
-
-template <typename... Cells> void row(const char* tag, const Cells&... cells) {
-    (QTest::newRow(tag) << ... << cells);
-}
-
-QByteArray fixtureBytes(const QString& name) {
-    QFile file(fixture(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // An XER file of the given lines (tab-separated cells written as \t) between header and end.
 QByteArray xer(const QStringList& lines) {

@@ -165,11 +165,7 @@ public:
     bool read(const QByteArray& bytes);
 
 private:
-    bool fail(const QString& where, const QString& message) {
-        error.path = where;
-        error.message = message;
-        return false;
-    }
+    bool fail(const QString& where, const QString& message) { return error.fail(where, message); }
     static QString at(const MpxLine& record, int field = 0, const QString& name = QString());
     bool header(const QByteArray& bytes, QString& text);
     bool record(const MpxLine& record);
@@ -365,9 +361,7 @@ bool MpxReader::number(const QString& text, const QString& where, const QString&
     result = plain.toDouble(&ok);
     if (ok && std::isfinite(result) && result >= min && result <= max)
         return true;
-    error.path = where;
-    error.message = QStringLiteral("expected %1, found \"%2\"").arg(what, text.left(40));
-    return false;
+    return error.fail(where, QStringLiteral("expected %1, found \"%2\"").arg(what, text.left(40)));
 }
 
 bool MpxReader::yesNo(const QString& text, const QString& where, bool& result) {

@@ -67,11 +67,7 @@ public:
     bool read(const QByteArray& bytes);
 
 private:
-    bool fail(const QString& where, const QString& message) {
-        error.path = where;
-        error.message = message;
-        return false;
-    }
+    bool fail(const QString& where, const QString& message) { return error.fail(where, message); }
     bool parseLine(const QString& line, int number);
     bool startTable(const QString& name, int number);
     const XerTable* table(const QString& name) const;

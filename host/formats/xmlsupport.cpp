@@ -107,10 +107,8 @@ QString XmlCursor::where(const char* attribute) const {
 }
 
 bool XmlCursor::fail(const QString& where, const QString& message) {
-    if (ok()) {
-        m_error.path = where;
-        m_error.message = message;
-    }
+    if (ok()) // the first error stands
+        m_error.fail(where, message);
     return false;
 }
 

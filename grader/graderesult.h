@@ -29,7 +29,8 @@ struct ScoredNode {
 };
 
 struct CategoryResult {
-    int type = 0;          // schedule category type 1 to 7; the product code for a pricing or model tree
+    int type =
+        0; // schedule category type (MarkCode::CategoryType); the product code of a pricing or model tree
     QString title;         // the category's name
     bool available = true; // false when the library gives no object for it
     QString note;

@@ -6,7 +6,6 @@
 #include "treebuilder.h"
 #include "unjudged.h"
 
-#include "hosttexts_p.h"
 #include "markpointer.h"
 #include "markruletables.h"
 #include "qmarkcategoryvirtual.h"
@@ -19,13 +18,10 @@ namespace Grade {
 
 namespace {
 
-// The network-plan principles, judged on the arrow diagram.
-const int principlesType = 7;
-
 // What the scene grades, for the report's header; the plain and Twin scenes judge no attributes,
 // durations, colours or curves.
 QString sceneNote(int scene) {
-    if (scene == Host::SiteScene)
+    if (scene == MarkCode::SceneSite)
         return QStringLiteral("graded in the Site scene: all seven categories, with work-item attributes, "
                               "durations, colours and resource curves");
     return QStringLiteral(
@@ -49,8 +45,8 @@ QString unknownResources(Host::ScheduleSide& side) {
 }
 
 QString productTitle(int product) {
-    return product == Host::Shape ? QStringLiteral("Shape building model")
-                                  : QStringLiteral("%1 pricing").arg(Host::productName(product));
+    return product == MarkCode::ProductShape ? QStringLiteral("Shape building model")
+                                             : QStringLiteral("%1 pricing").arg(Host::productName(product));
 }
 
 // Grades one schedule category of the two sides into category; false when the library gives no
@@ -100,12 +96,12 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
     for (int type : Host::ScheduleSide::categoryTypes()) {
         CategoryResult category;
         category.type = type;
-        category.title = HostTexts::categoryTitle(type);
+        category.title = MarkRuleTables::categoryRootName(type);
         category.full = marks.schedule.value(type);
         // A category the host cannot hand over is left out of the totals, the others are graded.
         try {
             category.note = candidateSide.ungradable(type);
-            if (type == principlesType && !standard.schedule.hasDiagram)
+            if (type == MarkCode::CategoryNetPrinciple && !standard.schedule.hasDiagram)
                 category.note = QStringLiteral("not gradable: the standard answer has no arrow diagram");
             if (category.note.isEmpty() &&
                 !gradeCategory(standard.schedule, standardSide, candidateSide, category))
@@ -121,7 +117,7 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
         category.available = category.note.isEmpty();
         result.categories.append(category);
     }
-    if (scene == Host::SiteScene) {
+    if (scene == MarkCode::SceneSite) {
         for (auto side :
              {std::make_pair(&standardSide, "standard: "), std::make_pair(&candidateSide, "candidate: ")}) {
             const QString unknown = unknownResources(*side.first);
@@ -140,7 +136,7 @@ void gradeTree(const Host::ProjectFile& standard, const Host::ProjectFile& candi
     CategoryResult category;
     category.type = standard.product;
     category.title = productTitle(standard.product);
-    category.full = standard.product == Host::Shape ? marks.model : marks.pricing;
+    category.full = standard.product == MarkCode::ProductShape ? marks.model : marks.pricing;
     std::unique_ptr<QRatingItemBase> standardRoot(Host::buildRatingTree(standard));
     std::unique_ptr<QRatingItemBase> candidateRoot(Host::buildRatingTree(candidate));
     if (!standardRoot || !candidateRoot) {

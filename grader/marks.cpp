@@ -7,12 +7,18 @@ namespace Grade {
 namespace {
 // Full marks of one category or tree; totals of them stay exact in a double.
 const double maxMarks = 10000.0;
+// Keys of the schedule categories in a marks file, by category type from CategoryFirst.
 const char* const scheduleKeys[] = {"integrity", "attributes",  "logic",     "resourceCurves",
                                     "gantt",     "rationality", "principles"};
+static_assert(sizeof(scheduleKeys) / sizeof(*scheduleKeys) ==
+                  MarkCode::CategoryLast - MarkCode::CategoryFirst + 1,
+              "one key per schedule category");
 } // namespace
 
 QString Marks::scheduleKey(int type) {
-    return type >= 1 && type <= 7 ? QLatin1String(scheduleKeys[type - 1]) : QString();
+    return type >= MarkCode::CategoryFirst && type <= MarkCode::CategoryLast
+               ? QLatin1String(scheduleKeys[type - MarkCode::CategoryFirst])
+               : QString();
 }
 
 bool readMarksDocument(const QByteArray& bytes, const QString& fileName, Marks& marks,
@@ -26,10 +32,10 @@ bool readMarksDocument(const QByteArray& bytes, const QString& fileName, Marks& 
         reader.checkKeys(schedule, QStringLiteral("$.schedule"),
                          {scheduleKeys[0], scheduleKeys[1], scheduleKeys[2], scheduleKeys[3], scheduleKeys[4],
                           scheduleKeys[5], scheduleKeys[6]});
-        for (int type = 1; type <= 7; ++type)
-            read.schedule[type] =
-                reader.number(schedule, QStringLiteral("$.schedule"), scheduleKeys[type - 1], false,
-                              read.schedule.value(type), 0.0, maxMarks);
+        for (int type = MarkCode::CategoryFirst; type <= MarkCode::CategoryLast; ++type)
+            read.schedule[type] = reader.number(schedule, QStringLiteral("$.schedule"),
+                                                scheduleKeys[type - MarkCode::CategoryFirst], false,
+                                                read.schedule.value(type), 0.0, maxMarks);
         read.pricing =
             reader.number(root, QStringLiteral("$"), "pricing", false, read.pricing, 0.0, maxMarks);
         read.model = reader.number(root, QStringLiteral("$"), "model", false, read.model, 0.0, maxMarks);

@@ -3,6 +3,7 @@
 #define MARKS_H
 
 #include "jsonreader.h"
+#include "markrulecodes.h"
 #include "networklimits.h"
 
 #include <QMap>
@@ -11,7 +12,11 @@
 namespace Grade {
 
 struct Marks {
-    QMap<int, double> schedule{{1, 15.0}, {2, 20.0}, {3, 20.0}, {4, 15.0}, {5, 10.0}, {6, 10.0}, {7, 10.0}};
+    QMap<int, double> schedule{
+        {MarkCode::CategoryIntegrity, 15.0},   {MarkCode::CategoryAttribute, 20.0},
+        {MarkCode::CategoryLogical, 20.0},     {MarkCode::CategoryResCurve, 15.0},
+        {MarkCode::CategoryGanttChart, 10.0},  {MarkCode::CategoryNetRationality, 10.0},
+        {MarkCode::CategoryNetPrinciple, 10.0}};
     double pricing = 100.0;
     double model = 100.0;
     // How large a candidate's networks may grow before a category is reported as not gradable.

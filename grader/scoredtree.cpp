@@ -1,6 +1,7 @@
 #include "scoredtree.h"
 
 #include "markpointer.h"
+#include "markrulecodes.h"
 #include "qratingitemvirtual.h"
 
 #include <QHash>
@@ -55,25 +56,24 @@ ScoredNode copyNode(QRatingItemVirtual* item, QRatingItemVirtual* standard, int 
     return node;
 }
 
-// The schedule criteria whose rules can fail without a remark.
-enum Criterion { WorkItemCount = 2, Duration = 5, LabourIntensity = 12, LogicRelation = 16 };
 const int namesListed = 5;
 
 QStringList parts(const QString& text) {
     return text.split(QLatin1Char(';'), Qt::SkipEmptyParts);
 }
 
+// A note for the schedule criteria whose rules can fail without a remark.
 QString leafNote(const ScoredNode& node) {
     switch (node.attributeType) {
-    case WorkItemCount:
+    case MarkCode::SkedWorkItemCount:
         return QStringLiteral("%1 work items of this name; the standard has %2")
             .arg(node.value, node.standardValue);
-    case Duration:
+    case MarkCode::SkedDuration:
         return QStringLiteral("duration %1 天 is not a whole number of weeks (a multiple of 7 days)")
             .arg(node.value);
-    case LabourIntensity:
+    case MarkCode::SkedLabourIntensity:
         return QStringLiteral("labour intensity \"%1\" is not a whole number of at least 1").arg(node.value);
-    case LogicRelation: {
+    case MarkCode::SkedLogicRelation: {
         QStringList missing = parts(node.standardValue);
         for (const QString& found : parts(node.value))
             missing.removeAll(found);

@@ -1,14 +1,12 @@
 #include "unjudged.h"
 
 #include "markpointer.h"
+#include "markrulecodes.h"
 #include "qratingitemvirtual.h"
 
 namespace Grade {
 
 namespace {
-
-// Criteria of the Gantt and rationality categories; a negative curve value means no resource data.
-enum Criterion { GanttTimeUnit = 18, GanttRowsPerPage = 19, FirstCurve = 29, LastCurve = 32 };
 
 QList<QRatingItemVirtual*> children(QRatingItemVirtual* root) {
     QList<QRatingItemVirtual*> out;
@@ -28,15 +26,16 @@ QHash<int, QString> unjudgeable(const Host::ScheduleProject& standard, QRatingIt
     for (QRatingItemVirtual* child : children(standardRoot)) {
         const int type = child->GetAttributeType();
         bool isNumber = false;
-        const double value = child->GetRatingItemValue().toDouble(&isNumber);
-        if (type >= FirstCurve && type <= LastCurve && (!isNumber || value < 0.0))
+        const double value = child->GetRatingItemValue().toDouble(&isNumber); // negative: no resource data
+        if (type >= MarkCode::SkedLabourCurve && type <= MarkCode::SkedFormworkCurve &&
+            (!isNumber || value < 0.0))
             reasons.insert(type,
                            QStringLiteral("not judged: the standard answer has no resource data for this "
                                           "curve group"));
-        else if (type == GanttTimeUnit && standard.gantt.timeUnit.isEmpty())
+        else if (type == MarkCode::SkedGanttTimeUnit && standard.gantt.timeUnit.isEmpty())
             reasons.insert(type, QStringLiteral("not judged: the standard answer states no Gantt time unit "
                                                 "(give one in the course settings)"));
-        else if (type == GanttRowsPerPage && standard.gantt.rowsPerPage == 0)
+        else if (type == MarkCode::SkedGanttRowsPerPage && standard.gantt.rowsPerPage == 0)
             reasons.insert(type, QStringLiteral("not judged: the standard answer states no rows per page "
                                                 "(give them in the course settings)"));
     }

@@ -1,6 +1,7 @@
 #include "coursesettings.h"
 
 #include "jsonreader.h"
+#include "markrulecodes.h"
 #include "projectreader.h"
 
 #include <QFile>
@@ -9,8 +10,10 @@ namespace Host {
 
 namespace {
 
+// Keys of the curve limits, by variance curve from SkedLabourCurve to SkedFormworkCurve.
 const char* const curveGroupKeys[] = {"labour", "rebar", "concrete", "formwork"};
-const int firstCurveGroup = 29;
+const int curveGroups = MarkCode::SkedFormworkCurve - MarkCode::SkedLabourCurve + 1;
+static_assert(sizeof(curveGroupKeys) / sizeof(*curveGroupKeys) == curveGroups, "one key per curve group");
 const qint64 largestNetworkLimit = 100000;
 
 void readImport(JsonReader& r, const QJsonObject& root, ImportOptions& import) {
@@ -54,9 +57,9 @@ void readGrading(JsonReader& r, const QJsonObject& root, CourseSettings& setting
     const QString limitsPath = QStringLiteral("$.curveLimits");
     r.checkKeys(limits, limitsPath,
                 {curveGroupKeys[0], curveGroupKeys[1], curveGroupKeys[2], curveGroupKeys[3]});
-    for (int group = 0; group < 4; ++group)
+    for (int group = 0; group < curveGroups; ++group)
         if (r.has(limits, curveGroupKeys[group]))
-            settings.curveLimits.insert(firstCurveGroup + group,
+            settings.curveLimits.insert(MarkCode::SkedLabourCurve + group,
                                         r.number(limits, limitsPath, curveGroupKeys[group], true, 0.0, 0.0));
     if (r.has(root, "networkLimit"))
         settings.networkLimit =
@@ -67,8 +70,8 @@ void readGrading(JsonReader& r, const QJsonObject& root, CourseSettings& setting
 } // namespace
 
 QString curveGroupKey(int attributeType) {
-    const int group = attributeType - firstCurveGroup;
-    return group >= 0 && group < 4 ? QLatin1String(curveGroupKeys[group]) : QString();
+    const int group = attributeType - MarkCode::SkedLabourCurve;
+    return group >= 0 && group < curveGroups ? QLatin1String(curveGroupKeys[group]) : QString();
 }
 
 bool readCourseSettingsDocument(const QByteArray& bytes, const QString& fileName, CourseSettings& settings,

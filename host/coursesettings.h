@@ -16,8 +16,8 @@ namespace Host {
 
 struct CourseSettings {
     ImportOptions import;
-    // Upper limits of the curve fluctuation by curve group (attribute types 29 to 32), replacing the
-    // limit worked out from the standard answer.
+    // Upper limits of the curve fluctuation by curve group (MarkCode::SkedLabourCurve to SkedFormworkCurve),
+    // replacing the limit worked out from the standard answer.
     QMap<int, double> curveLimits;
     // Most work items of a candidate's judged network (the logic relations) before that category is
     // left ungraded.
@@ -29,7 +29,7 @@ bool readCourseSettingsDocument(const QByteArray& bytes, const QString& fileName
                                 ReadError& error);
 
 // The key of a curve group in a settings file ("labour", "rebar", "concrete", "formwork"), by
-// attribute type 29 to 32.
+// variance curve type (MarkCode::SkedLabourCurve to SkedFormworkCurve).
 QString curveGroupKey(int attributeType);
 
 } // namespace Host

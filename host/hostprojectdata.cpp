@@ -25,9 +25,9 @@ QClassifyItemVirtual* HostElementType::CreateElementItem(const int& kind) {
 HostProjectData::HostProjectData(const ScheduleProject& project) : m_project(project) {
     for (const WorkItemData& item : m_project.workItems)
         m_workItems.append(new HostWorkItem(item));
-    m_normaliser = QResourceBase::CreateResource(ScheduleProduct, PlainScene);
+    m_normaliser = QResourceBase::CreateResource(MarkCode::ProductSked, MarkCode::ScenePlain);
     for (const ResourceData& data : m_project.resources) {
-        QResourceVirtual* resource = QResourceBase::CreateResource(ScheduleProduct, m_project.scene);
+        QResourceVirtual* resource = QResourceBase::CreateResource(MarkCode::ProductSked, m_project.scene);
         if (!resource) {
             m_resourcesAvailable = false;
             break;

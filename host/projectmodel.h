@@ -3,16 +3,13 @@
 #ifndef PROJECTMODEL_H
 #define PROJECTMODEL_H
 
+#include "markrulecodes.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
 
 namespace Host {
-
-// Product codes of the library's factories.
-enum ProductCode { ScheduleProduct = 5, Ash = 9, Elm = 11, Fir = 13, Yew = 15, Oak = 17, Shape = 20 };
-// Scene codes; any other value is the plain schedule scene.
-enum SceneCode { PlainScene = 0, SiteScene = 1, TwinScene = 2 };
 
 // How a link ties a successor to its predecessor, with a lag in working days (negative: a lead).
 enum class LinkType { FinishToStart, StartToStart, FinishToFinish, StartToFinish };
@@ -83,14 +80,14 @@ struct CurveData {
 };
 
 struct ScheduleProject {
-    int scene = PlainScene;
+    int scene = MarkCode::ScenePlain;
     QList<WorkItemData> workItems;
     bool hasDiagram = false;
     ArrowDiagram diagram;
     GanttSettings gantt;
     QList<ResourceData> resources;
     QList<CurveData> curves;
-    int totalDays = 0; // the latest early finish, computed while reading
+    int totalDays = 0;    // the latest early finish, computed while reading
     QStringList warnings; // what the reader noticed but did not refuse (names that occur twice)
 };
 
@@ -111,11 +108,15 @@ struct TreeItemData {
     double ratio = 0.0;
     bool unitProject = false;
     // building model
-    enum DataType { Text = 0, Number = 1, Integer = 5 };
+    enum DataType {
+        Text = MarkCode::DataText,
+        Number = MarkCode::DataDouble,
+        Integer = MarkCode::DataInteger
+    };
     QString value;
     int dataType = Text;
-    int indexRule = 1;
-    int scoreRule = 0;
+    int indexRule = MarkCode::IndexByName;
+    int scoreRule = MarkCode::ScoreContrast;
     QStringList attributeData;
     QList<TreeItemData> items;
 };
@@ -125,7 +126,7 @@ enum class ProjectKind { Schedule, Pricing, Model };
 struct ProjectFile {
     QString fileName; // as given, for messages
     ProjectKind kind = ProjectKind::Schedule;
-    int product = ScheduleProduct;
+    int product = MarkCode::ProductSked;
     ScheduleProject schedule;
     TreeItemData root; // pricing and model files
 };

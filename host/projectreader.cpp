@@ -51,7 +51,7 @@ bool readSchedule(const ScheduleFormat& format, const FileSignature& file, const
                   ProjectFile& project, ReadError& error) {
     ImportedSchedule imported;
     project.kind = ProjectKind::Schedule;
-    project.product = ScheduleProduct;
+    project.product = MarkCode::ProductSked;
     return format.read(file, imported, error) && buildSchedule(imported, options, project.schedule, error);
 }
 
@@ -108,13 +108,11 @@ bool readProjectFile(const QString& path, ProjectFile& project, ReadError& error
 }
 
 int productCode(const QString& name) {
-    static const QHash<QString, int> codes{{QStringLiteral("schedule"), ScheduleProduct},
-                                           {QStringLiteral("Ash"), Ash},
-                                           {QStringLiteral("Elm"), Elm},
-                                           {QStringLiteral("Fir"), Fir},
-                                           {QStringLiteral("Yew"), Yew},
-                                           {QStringLiteral("Oak"), Oak},
-                                           {QStringLiteral("Shape"), Shape}};
+    static const QHash<QString, int> codes{
+        {QStringLiteral("schedule"), MarkCode::ProductSked}, {QStringLiteral("Ash"), MarkCode::ProductAsh},
+        {QStringLiteral("Elm"), MarkCode::ProductElm},       {QStringLiteral("Fir"), MarkCode::ProductFir},
+        {QStringLiteral("Yew"), MarkCode::ProductYew},       {QStringLiteral("Oak"), MarkCode::ProductOak},
+        {QStringLiteral("Shape"), MarkCode::ProductShape}};
     return codes.value(name, 0);
 }
 
@@ -129,13 +127,13 @@ QString productName(int code) {
 }
 
 QString sceneName(int scene) {
-    return scene == SiteScene   ? QStringLiteral("Site")
-           : scene == TwinScene ? QStringLiteral("Twin")
-                                : QStringLiteral("plain");
+    return scene == MarkCode::SceneSite   ? QStringLiteral("Site")
+           : scene == MarkCode::SceneTwin ? QStringLiteral("Twin")
+                                          : QStringLiteral("plain");
 }
 
 int sceneCode(const QString& name) {
-    for (int scene : {PlainScene, SiteScene, TwinScene})
+    for (int scene : {MarkCode::ScenePlain, MarkCode::SceneSite, MarkCode::SceneTwin})
         if (sceneName(scene) == name)
             return scene;
     return -1;

@@ -1,6 +1,8 @@
 #include "scheduleanalysis.h"
 
 #include "hosttexts_p.h"
+#include "markrulecodes.h"
+#include "markruletables.h"
 
 #include <QHash>
 #include <QSet>
@@ -479,39 +481,22 @@ double timeWeightedVariance(const QList<const CurveData*>& curves, qint64 axisMi
 
 QMap<int, double> curveFluctuation(const QList<CurveData>& curves, int totalDays,
                                    const std::function<QString(const QString&)>& canonical) {
-    const QHash<QString, int> keyOf{
-        {HostTexts::rebarWorker(), 29}, {HostTexts::formWorker(), 29},    {HostTexts::concreteWorker(), 29},
-        {HostTexts::rawRebar(), 30},    {HostTexts::finishedRebar(), 30}, {HostTexts::readyConcrete(), 31},
-        {HostTexts::sandGravel(), 31},  {HostTexts::cement(), 31},        {HostTexts::formwork(), 32}};
     QMap<int, QList<const CurveData*>> groups;
     for (const CurveData& curve : curves) {
-        const int key = keyOf.value(canonical ? canonical(curve.name) : curve.name, 0);
-        if (key != 0)
-            groups[key].append(&curve);
+        const int type = MarkRuleTables::varianceCurveType(canonical ? canonical(curve.name) : curve.name);
+        if (type != 0)
+            groups[type].append(&curve);
     }
     QMap<int, double> values;
     const qint64 axis = qint64(totalDays) * 1440;
-    for (int key = 29; key <= 32; ++key)
-        values.insert(key, groups.contains(key) ? timeWeightedVariance(groups.value(key), axis) : -1.0);
+    for (int type = MarkCode::SkedLabourCurve; type <= MarkCode::SkedFormworkCurve; ++type)
+        values.insert(type, groups.contains(type) ? timeWeightedVariance(groups.value(type), axis) : -1.0);
     return values;
 }
 
 QString chartName(const QString& canonicalName) {
-    static const QHash<QString, QString> charts{
-        {HostTexts::rebarWorker(), HostTexts::chartRebarWorker()},
-        {HostTexts::formWorker(), HostTexts::chartFormWorker()},
-        {HostTexts::concreteWorker(), HostTexts::chartConcreteWorker()},
-        {HostTexts::rawRebar(), HostTexts::chartRebar()},
-        {HostTexts::finishedRebar(), HostTexts::chartRebar()},
-        {HostTexts::formwork(), HostTexts::chartFormwork()},
-        {HostTexts::readyConcrete(), HostTexts::chartConcrete()},
-        {HostTexts::sandGravel(), HostTexts::chartConcrete()},
-        {HostTexts::cement(), HostTexts::chartConcrete()},
-        {HostTexts::generator(), HostTexts::chartGenerator()},
-        {HostTexts::waterPump(), HostTexts::chartWaterPump()},
-        {HostTexts::concreteMixer(), HostTexts::chartConcreteMixer()},
-        {HostTexts::rebarProcessor(), HostTexts::chartRebarProcessor()}};
-    return charts.value(canonicalName, canonicalName);
+    const QString chart = MarkRuleTables::chartName(canonicalName);
+    return chart.isEmpty() ? canonicalName : chart;
 }
 
 } // namespace Host

@@ -73,10 +73,10 @@ NetworkFindings analyseDiagram(const ArrowDiagram& diagram, bool drawn,
 // False with the closed cycle of node numbers when the arrows form a cycle.
 bool diagramIsAcyclic(const ArrowDiagram& diagram, QVector<int>& cycleNodes);
 
-// Curve fluctuation values by attribute type 29 to 32: the time-weighted variance of each group's
-// summed curve over [0, totalDays × 1440] minutes; -1 for a group without curves or a zero duration.
-// A value too large for a double is fluctuationOverflow, the worst value a rule can meet.
-// canonical turns a curve name into a canonical resource name.
+// Curve fluctuation values by variance curve (MarkCode::SkedLabourCurve to SkedFormworkCurve): the
+// time-weighted variance of each group's summed curve over [0, totalDays × 1440] minutes; -1 for a group
+// without curves or a zero duration. A value too large for a double is fluctuationOverflow, the worst value a
+// rule can meet. canonical turns a curve name into a canonical resource name.
 QMap<int, double> curveFluctuation(const QList<CurveData>& curves, int totalDays,
                                    const std::function<QString(const QString&)>& canonical);
 

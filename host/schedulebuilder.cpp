@@ -368,7 +368,7 @@ void Builder::finishGantt() {
 }
 
 bool Builder::run() {
-    out.scene = in.scene.value_or(options.scene.value_or(PlainScene));
+    out.scene = in.scene.value_or(options.scene.value_or(MarkCode::ScenePlain));
     if (!indexTasks())
         return false;
     markSummaries();

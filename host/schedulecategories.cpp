@@ -14,12 +14,6 @@
 
 namespace Host {
 
-namespace {
-const int logicType = 3;
-const int resourceCurveType = 4;
-const int principleType = 7;
-} // namespace
-
 ScheduleSide::ScheduleSide(const ScheduleProject& project, int scene, bool candidate,
                            const NetworkLimits& limits)
     : m_data(project), m_scene(scene), m_candidate(candidate), m_limits(limits) {}
@@ -48,9 +42,9 @@ QString ScheduleSide::ungradable(int type) {
     if (settled != m_ungradable.constEnd())
         return settled.value();
     QString why;
-    if (type == logicType && m_candidate) {
+    if (type == MarkCode::CategoryLogical && m_candidate) {
         why = prepareNetwork();
-    } else if (type == principleType) {
+    } else if (type == MarkCode::CategoryNetPrinciple) {
         const ScheduleProject& project = m_data.project();
         m_findings = analyseDiagram(project.diagram, project.hasDiagram, m_limits);
         if (m_candidate && !m_findings.error.isEmpty()) // the standard's values do not depend on it
@@ -86,12 +80,13 @@ QMarkCategoryVirtual* ScheduleSide::category(int type) {
         return found.value();
     if (!ungradable(type).isEmpty())
         return nullptr;
-    QMarkCategoryVirtual* made = QMarkCategoryBase::CreateMarkCategoryByType(ScheduleProduct, m_scene, type);
+    QMarkCategoryVirtual* made =
+        QMarkCategoryBase::CreateMarkCategoryByType(MarkCode::ProductSked, m_scene, type);
     m_categories.insert(type, made);
     if (made) {
         configure(type, made);
         made->UpdateCategory(m_data.handle(), m_candidate);
-        if (type == principleType && m_candidate && !m_data.project().hasDiagram)
+        if (type == MarkCode::CategoryNetPrinciple && m_candidate && !m_data.project().hasDiagram)
             markDiagramAbsent(made);
     }
     return made;
@@ -104,30 +99,31 @@ void ScheduleSide::release(int type) {
 void ScheduleSide::configure(int type, QMarkCategoryVirtual* category) {
     const ScheduleProject& project = m_data.project();
     switch (type) {
-    case logicType:
+    case MarkCode::CategoryLogical:
         // Only the judged side's items look for chains in a network.
         if (m_candidate) {
             category->SetLogicMatrix(m_links.nodes, m_links.matrix, m_links.count); // the category frees it
             m_links = LinkMatrix();
         }
         break;
-    case resourceCurveType:
+    case MarkCode::CategoryResCurve:
         addCurves(category);
         break;
-    case 5:
+    case MarkCode::CategoryGanttChart:
         category->SetMarkGanttTime(project.gantt.timeUnit);
         category->SetMarkGanttChart(project.gantt.order.join(QLatin1Char(';')));
         category->SetMarkPerScreen(project.gantt.rowsPerPage);
         break;
-    case 6: {
+    case MarkCode::CategoryNetRationality: {
         category->SetMarkTotalTime(project.totalDays);
-        const QMap<int, double> values = curveFluctuation(
-            project.curves, project.totalDays, [this](const QString& name) { return m_data.canonicalName(name); });
+        const QMap<int, double> values =
+            curveFluctuation(project.curves, project.totalDays,
+                             [this](const QString& name) { return m_data.canonicalName(name); });
         // The standard's values are upper limits that an equal value must pass.
         category->SetMarkCurveVariance(m_candidate ? values : curveLimits(values, m_curveLimits));
         break;
     }
-    case principleType: {
+    case MarkCode::CategoryNetPrinciple: {
         NetworkFindings findings = m_findings;
         if (m_candidate && !project.hasDiagram) { // nothing drawn: every principle fails
             findings.broken = findings.surplusDummy = true;
@@ -160,8 +156,8 @@ void ScheduleSide::markDiagramAbsent(QMarkCategoryVirtual* category) {
 
 void ScheduleSide::addCurves(QMarkCategoryVirtual* category) {
     for (const CurveData& curve : m_data.project().curves) {
-        QMarkCategoryVirtual* holder =
-            QMarkCategoryBase::CreateMarkCategoryByType(ScheduleProduct, m_scene, resourceCurveType);
+        QMarkCategoryVirtual* holder = QMarkCategoryBase::CreateMarkCategoryByType(
+            MarkCode::ProductSked, m_scene, MarkCode::CategoryResCurve);
         if (!holder) {
             m_notes << QStringLiteral("resource curve \"%1\" not handed over: no curve holder available")
                            .arg(curve.name);

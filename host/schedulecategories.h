@@ -18,8 +18,13 @@ namespace Host {
 
 class ScheduleSide {
 public:
-    // Category types 1 to 7, in the order the factory knows them.
-    static QList<int> categoryTypes() { return {1, 2, 3, 4, 5, 6, 7}; }
+    // The category types, in the order the factory knows them.
+    static QList<int> categoryTypes() {
+        QList<int> types;
+        for (int type = MarkCode::CategoryFirst; type <= MarkCode::CategoryLast; ++type)
+            types.append(type);
+        return types;
+    }
 
     // candidate: false for the standard answer, true for the project being judged.
     ScheduleSide(const ScheduleProject& project, int scene, bool candidate,

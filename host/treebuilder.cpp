@@ -46,7 +46,7 @@ void fillModel(QRatingItemBase* item, const TreeItemData& data) {
 
 // Builds the subtree of data into item; false when the factory gave no item on the way.
 bool buildInto(QRatingItemBase* item, const TreeItemData& data, int product, int level) {
-    if (product == Shape)
+    if (product == MarkCode::ProductShape)
         fillModel(item, data);
     else
         fillPricing(item, data);
@@ -77,7 +77,7 @@ QRatingItemBase* buildRatingTree(const ProjectFile& file) {
 void assignFullMarks(QRatingItemBase* standardRoot, int product, double fullMarks) {
     if (!standardRoot)
         return;
-    if (product == Shape)
+    if (product == MarkCode::ProductShape)
         standardRoot->AssignScore(fullMarks);
     else
         standardRoot->RedistributeScore(fullMarks);

@@ -45,10 +45,10 @@ private slots:
         QTest::addColumn<int>("scene"); // for files that state none
         // (The sample candidates break rules that hold whatever the standard, such as whole weeks.)
         for (const char* sample : {"schedule-standard", "pricing-standard", "model-standard"})
-            row(sample, QStringLiteral(":/samples/%1.json").arg(sample), int(PlainScene));
+            row(sample, QStringLiteral(":/samples/%1.json").arg(sample), int(MarkCode::ScenePlain));
         const QDir fixtures(QStringLiteral(FORMAT_FIXTURES));
         for (const QString& name : fixtures.entryList({QStringLiteral("house*")}, QDir::Files))
-            for (int scene : {PlainScene, SiteScene, TwinScene})
+            for (int scene : {MarkCode::ScenePlain, MarkCode::SceneSite, MarkCode::SceneTwin})
                 QTest::newRow(qPrintable(QStringLiteral("%1 %2").arg(name, sceneName(scene))))
                     << fixtures.filePath(name) << scene;
     }
@@ -90,7 +90,7 @@ private slots:
         QFile twin(QStringLiteral(FORMAT_FIXTURES "/house.json"));
         QVERIFY(twin.open(QIODevice::ReadOnly));
         ImportOptions site;
-        site.scene = SiteScene;
+        site.scene = MarkCode::SceneSite;
         // Durations that are not fixed, so that the Site scene judges every attribute.
         const QByteArray bytes =
             twin.readAll().replace("\"fixedDuration\": true", "\"fixedDuration\": false");
@@ -150,7 +150,7 @@ private slots:
         QFETCH(bool, mapped);
         QFETCH(QString, note);
         ImportOptions options;
-        options.scene = SiteScene;
+        options.scene = MarkCode::SceneSite;
         if (mapped)
             options.resourceNames = {{"Labourer", "混凝土工"}, {"Carpenter", "模板工"}};
         const ProjectFile file = TestDump::read(QStringLiteral(FORMAT_FIXTURES "/house.xml"), options);
@@ -172,7 +172,7 @@ private slots:
         QFETCH(bool, fullMarks);
         ImportOptions options;
         options.dedupeNames = dedupe;
-        options.scene = SiteScene;
+        options.scene = MarkCode::SceneSite;
         const QByteArray bytes =
             R"({"product":"schedule","workItems":[{"id":1,"name":"Task 1","duration":7,"fixedDuration":true},
             {"id":2,"name":"Task 1","duration":14,"fixedDuration":true,"predecessors":[1]},

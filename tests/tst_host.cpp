@@ -131,7 +131,7 @@ private slots:
 
         // Defaults: plain scene, no diagram, Gantt order from the work items.
         QVERIFY(readProjectDocument(twoItems().replace(R"("scene":"Site",)", ""), "d.json", file, error));
-        QVERIFY(file.schedule.scene == PlainScene && !file.schedule.hasDiagram);
+        QVERIFY(file.schedule.scene == MarkCode::ScenePlain && !file.schedule.hasDiagram);
         QCOMPARE(file.schedule.gantt.order, (QStringList{"A", "B"}));
         QVERIFY(!readProjectFile(QStringLiteral("/no/such/file.json"), file, error));
         QVERIFY(error.toString().startsWith(QStringLiteral("/no/such/file.json: cannot be read: ")));

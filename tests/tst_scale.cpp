@@ -230,8 +230,8 @@ private slots:
 
         QList<Grade::ScoredNode> trees;
         for (bool filtered : {false, true}) {
-            ScheduleSide standardSide(standard.schedule, SiteScene, false);
-            ScheduleSide candidateSide(candidate.schedule, SiteScene, true);
+            ScheduleSide standardSide(standard.schedule, MarkCode::SceneSite, false);
+            ScheduleSide candidateSide(candidate.schedule, MarkCode::SceneSite, true);
             if (filtered)
                 candidateSide.setChainNames(standardSide.chainNames());
             QMarkCategoryVirtual* standardCategory = standardSide.category(3);

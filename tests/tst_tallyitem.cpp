@@ -224,8 +224,9 @@ private slots:
     }
 
     void records_data() {
-        QTest::addColumn<int>("product"); // Ash, Elm, Fir, Yew, Oak
-        for (int product : {9, 11, 13, 15, 17})
+        QTest::addColumn<int>("product");
+        for (int product : {MarkCode::ProductAsh, MarkCode::ProductElm, MarkCode::ProductFir,
+                            MarkCode::ProductYew, MarkCode::ProductOak})
             QTest::addRow("product %d", product) << product;
     }
     void records() {
@@ -243,7 +244,7 @@ private slots:
         out << qint32(11) << qint32(1) << QString("名称") << 1.25 << 2.5 << QString("m3") << true << qint32(3)
             << QString("备注") << QString("4.50") << true << QString("C1") << QString("特征") << 3.5 << 12.5
             << 0.25 << 7.5 << 2.5;
-        if (product == 15) // Yew keeps its precision, and shows the rate by it
+        if (product == MarkCode::ProductYew) // Yew keeps its precision, and shows the rate by it
             out << qint32(4);
         else
             json.remove("precision");

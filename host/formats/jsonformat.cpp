@@ -22,6 +22,8 @@ public:
     void tree(const QJsonObject& object, const QString& path, TreeItemData& item, bool model, int depth);
 
 private:
+    void modelFields(const QJsonObject& object, const QString& path, TreeItemData& item);
+    void pricingFields(const QJsonObject& object, const QString& path, TreeItemData& item);
     void workItems(const QJsonArray& array, const QString& path, ImportedSchedule& project);
     void predecessors(const QJsonArray& array, const QString& path, ImportedTask& task);
     void diagram(const QJsonObject& object, const QString& path, ImportedSchedule& project);
@@ -44,11 +46,11 @@ void ProjectParser::schedule(const QJsonObject& root, ImportedSchedule& project)
     if (r.has(root, "scene")) {
         const QString scene = r.text(root, QStringLiteral("$"), "scene", false);
         if (scene == QLatin1String("plain"))
-            project.scene = PlainScene;
+            project.scene = MarkCode::ScenePlain;
         else if (scene == QLatin1String("Site"))
-            project.scene = SiteScene;
+            project.scene = MarkCode::SceneSite;
         else if (scene == QLatin1String("Twin"))
-            project.scene = TwinScene;
+            project.scene = MarkCode::SceneTwin;
         else
             r.fail(QStringLiteral("$.scene"), QStringLiteral("\"plain\", \"Site\" or \"Twin\""),
                    root.value(QLatin1String("scene")));
@@ -245,6 +247,33 @@ void ProjectParser::curves(const QJsonArray& array, const QString& path, QList<C
     }
 }
 
+void ProjectParser::modelFields(const QJsonObject& object, const QString& path, TreeItemData& item) {
+    const QJsonValue value = object.value(QLatin1String("value"));
+    item.value = r.textOrNumber(object, path, "value");
+    const QString type = r.text(object, path, "dataType", false,
+                                value.isDouble() ? QStringLiteral("number") : QStringLiteral("text"));
+    if (type == QLatin1String("text"))
+        item.dataType = TreeItemData::Text;
+    else if (type == QLatin1String("number"))
+        item.dataType = TreeItemData::Number;
+    else if (type == QLatin1String("integer"))
+        item.dataType = TreeItemData::Integer;
+    else
+        r.fail(JsonReader::member(path, "dataType"), QStringLiteral("\"text\", \"number\" or \"integer\""),
+               object.value(QLatin1String("dataType")));
+    item.indexRule = r.integer(object, path, "indexRule", false, item.indexRule);
+    item.scoreRule = r.integer(object, path, "scoreRule", false, item.scoreRule);
+    item.attributeData = r.textList(object, path, "attributeData");
+}
+
+void ProjectParser::pricingFields(const QJsonObject& object, const QString& path, TreeItemData& item) {
+    item.feature = r.text(object, path, "feature", false);
+    item.quantity = r.number(object, path, "quantity", false);
+    item.rate = r.number(object, path, "rate", false);
+    item.ratio = r.number(object, path, "ratio", false);
+    item.unitProject = r.boolean(object, path, "unitProject");
+}
+
 void ProjectParser::tree(const QJsonObject& object, const QString& path, TreeItemData& item, bool model,
                          int depth) {
     if (!r.ok())
@@ -274,31 +303,10 @@ void ProjectParser::tree(const QJsonObject& object, const QString& path, TreeIte
     item.hasLimits = hasUpper;
     item.upperLimit = r.number(object, path, "upperLimit", false, 5.0);
     item.lowerLimit = r.number(object, path, "lowerLimit", false, 2.0);
-    if (model) {
-        const QJsonValue value = object.value(QLatin1String("value"));
-        item.value = r.textOrNumber(object, path, "value");
-        const QString type = r.text(object, path, "dataType", false,
-                                    value.isDouble() ? QStringLiteral("number") : QStringLiteral("text"));
-        if (type == QLatin1String("text"))
-            item.dataType = TreeItemData::Text;
-        else if (type == QLatin1String("number"))
-            item.dataType = TreeItemData::Number;
-        else if (type == QLatin1String("integer"))
-            item.dataType = TreeItemData::Integer;
-        else
-            r.fail(JsonReader::member(path, "dataType"),
-                   QStringLiteral("\"text\", \"number\" or \"integer\""),
-                   object.value(QLatin1String("dataType")));
-        item.indexRule = r.integer(object, path, "indexRule", false, 1);
-        item.scoreRule = r.integer(object, path, "scoreRule", false, 0);
-        item.attributeData = r.textList(object, path, "attributeData");
-    } else {
-        item.feature = r.text(object, path, "feature", false);
-        item.quantity = r.number(object, path, "quantity", false);
-        item.rate = r.number(object, path, "rate", false);
-        item.ratio = r.number(object, path, "ratio", false);
-        item.unitProject = r.boolean(object, path, "unitProject");
-    }
+    if (model)
+        modelFields(object, path, item);
+    else
+        pricingFields(object, path, item);
     const QJsonArray children = r.array(object, path, "items", false);
     const QString childrenPath = JsonReader::member(path, "items");
     for (int i = 0; i < children.size() && r.ok(); ++i) {
@@ -325,7 +333,7 @@ bool readJsonProject(const QByteArray& bytes, const ImportOptions& options, Proj
                 QStringLiteral("\"schedule\", \"Ash\", \"Elm\", \"Fir\", \"Yew\", \"Oak\" or \"Shape\""),
                 root.value(QLatin1String("product")));
         ProjectParser parser(reader);
-        if (reader.ok() && project.product == ScheduleProduct) {
+        if (reader.ok() && project.product == MarkCode::ProductSked) {
             project.kind = ProjectKind::Schedule;
             ImportedSchedule imported;
             parser.schedule(root, imported);
@@ -333,7 +341,7 @@ bool readJsonProject(const QByteArray& bytes, const ImportOptions& options, Proj
             return reader.ok() && buildSchedule(imported, options, project.schedule, error);
         }
         if (reader.ok()) {
-            const bool model = project.product == Shape;
+            const bool model = project.product == MarkCode::ProductShape;
             project.kind = model ? ProjectKind::Model : ProjectKind::Pricing;
             reader.checkKeys(root, QStringLiteral("$"), {"formatVersion", "product", "root"});
             parser.tree(reader.object(root, QStringLiteral("$"), "root", true), QStringLiteral("$.root"),

@@ -293,6 +293,9 @@ bool XerReader::readTasks() {
 }
 
 bool XerReader::readTask(const XerTable& table, const XerRow& row) {
+    // Positions in the lists below.
+    enum TaskType { Task, ResourceTask, StartMilestone, FinishMilestone, LevelOfEffort, WbsSummary };
+    enum DurationType { FixedUnits, FixedRate, FixedDuration };
     static const QStringList types{QStringLiteral("TT_Task"), QStringLiteral("TT_Rsrc"),
                                    QStringLiteral("TT_Mile"), QStringLiteral("TT_FinMile"),
                                    QStringLiteral("TT_LOE"),  QStringLiteral("TT_WBS")};
@@ -312,7 +315,7 @@ bool XerReader::readTask(const XerTable& table, const XerRow& row) {
         !choice(table, row, QStringLiteral("duration_type"), durationTypes, durationType) ||
         !hours(table, row, QStringLiteral("target_drtn_hr_cnt"), 0.0, drtn))
         return false;
-    if (type >= 4) { // level of effort and WBS summary: spans of other activities, not work
+    if (type == LevelOfEffort || type == WbsSummary) { // spans of other activities, not work
         m_skipped.insert(task.task.id);
         return true;
     }
@@ -323,10 +326,10 @@ bool XerReader::readTask(const XerTable& table, const XerRow& row) {
             QStringLiteral("expected the id of a calendar in table CALENDAR, found \"%1\"").arg(calendar));
     task.dayHours = m_dayHours.value(calendar, defaultDayHours);
     task.task.name = value(table, row, QStringLiteral("task_name"));
-    task.task.milestone = type == 2 || type == 3;
+    task.task.milestone = type == StartMilestone || type == FinishMilestone;
     task.task.durationDays = drtn / task.dayHours;
     if (!value(table, row, QStringLiteral("duration_type")).isEmpty())
-        task.task.fixedDuration = durationType >= 2;
+        task.task.fixedDuration = durationType >= FixedDuration;
     task.wbs = value(table, row, QStringLiteral("wbs_id"));
     if (!task.wbs.isEmpty() && this->table(QStringLiteral("PROJWBS")) && !m_wbs.contains(task.wbs))
         return fail(
@@ -378,6 +381,7 @@ bool XerReader::readLinks() {
 }
 
 bool XerReader::readResources() {
+    enum ResourceType { Labour, Equipment, Material }; // positions in the list below
     static const QStringList types{QStringLiteral("RT_Labor"), QStringLiteral("RT_Equip"),
                                    QStringLiteral("RT_Mat")};
     const XerTable* resources = table(QStringLiteral("RSRC"));
@@ -392,9 +396,9 @@ bool XerReader::readResources() {
         ImportedResource resource;
         resource.id = value(*resources, row, QStringLiteral("rsrc_id"));
         resource.name = value(*resources, row, QStringLiteral("rsrc_name"));
-        resource.labour = type == 0; // equipment and material are not people
+        resource.labour = type == Labour; // equipment and material are not people
         resource.where = where(*resources, row, QString());
-        m_materialOf.insert(resource.id, type == 2);
+        m_materialOf.insert(resource.id, type == Material);
         out.resources.append(resource);
     }
     return true;

@@ -7,27 +7,15 @@
 
 namespace HostTexts {
 
-// Separator of node lists and the arrow of a logic display text.
-inline QString listSeparator() {
-    return QStringLiteral("、");
-}
-inline QString logicArrow() {
-    return QStringLiteral("→");
-}
-inline QString none() {
-    return QStringLiteral("无");
-}
+// Separator of node lists, the arrow of a logic display text, and an empty list.
+inline const QString listSeparator = QStringLiteral("、");
+inline const QString logicArrow = QStringLiteral("→");
+inline const QString none = QStringLiteral("无");
 
-// Network-plan findings.
-inline QString startEndNodes() {
-    return QStringLiteral("开始节点：%1；结束节点：%2");
-}
-inline QString brokenNodes() {
-    return QStringLiteral("断开处节点编号：%1");
-}
-inline QString diagramNotDrawn() {
-    return QStringLiteral("未绘制网络图");
-}
+// Network-plan findings: the start and end nodes, the nodes where a line breaks off, no diagram.
+inline const QString startEndNodes = QStringLiteral("开始节点：%1；结束节点：%2");
+inline const QString brokenNodes = QStringLiteral("断开处节点编号：%1");
+inline const QString diagramNotDrawn = QStringLiteral("未绘制网络图");
 
 } // namespace HostTexts
 

@@ -19,7 +19,7 @@ QString joinNumbers(const QList<int>& numbers) {
     QStringList texts;
     for (int number : numbers)
         texts << QString::number(number);
-    return texts.isEmpty() ? HostTexts::none() : texts.join(HostTexts::listSeparator());
+    return texts.isEmpty() ? HostTexts::none : texts.join(HostTexts::listSeparator);
 }
 
 // Breadth-first walk from one vertex along the given adjacency; marks every vertex reached.
@@ -70,7 +70,7 @@ LogicTexts logicTexts(const QList<WorkItemData>& items) {
         QStringList displays;
         for (const QString& predecessor : predecessorNames[entry]) {
             chains << predecessor + QLatin1Char(';') + name;
-            displays << predecessor + HostTexts::logicArrow() + name;
+            displays << predecessor + HostTexts::logicArrow + name;
         }
         if (chains.isEmpty()) {
             chains << name;
@@ -200,7 +200,7 @@ void findStartEnd(const DiagramGraph& graph, NetworkFindings& findings) {
     findings.singleStartEnd = findings.startNodes.size() == 1 && findings.endNodes.size() == 1;
     if (!findings.singleStartEnd)
         findings.startEndText =
-            HostTexts::startEndNodes().arg(joinNumbers(findings.startNodes), joinNumbers(findings.endNodes));
+            HostTexts::startEndNodes.arg(joinNumbers(findings.startNodes), joinNumbers(findings.endNodes));
 }
 
 // Broken lines: every start node but the main start (the lowest-numbered one) and every end node but
@@ -223,7 +223,7 @@ void findBrokenLines(const DiagramGraph& graph, NetworkFindings& findings) {
     std::sort(findings.brokenNodes.begin(), findings.brokenNodes.end());
     findings.broken = !findings.brokenNodes.isEmpty();
     if (findings.broken)
-        findings.brokenText = HostTexts::brokenNodes().arg(joinNumbers(findings.brokenNodes));
+        findings.brokenText = HostTexts::brokenNodes.arg(joinNumbers(findings.brokenNodes));
 }
 
 // Words of one node's row in a block of dummy targets: 64 (4096 targets a block), fewer on large
@@ -393,7 +393,7 @@ void findSurplusDummies(const ArrowDiagram& diagram, const DiagramGraph& graph, 
         }
     }
     findings.surplusDummy = !surplusTexts.isEmpty();
-    findings.surplusNodes = surplusTexts.join(HostTexts::listSeparator());
+    findings.surplusNodes = surplusTexts.join(HostTexts::listSeparator);
 }
 
 } // namespace
@@ -413,8 +413,8 @@ bool diagramIsAcyclic(const ArrowDiagram& diagram, QVector<int>& cycleNodes) {
 NetworkFindings analyseDiagram(const ArrowDiagram& diagram, bool drawn, const NetworkLimits& limits) {
     NetworkFindings findings;
     if (!drawn || diagram.nodes.isEmpty()) {
-        findings.startEndText = drawn ? HostTexts::startEndNodes().arg(HostTexts::none(), HostTexts::none())
-                                      : HostTexts::diagramNotDrawn();
+        findings.startEndText = drawn ? HostTexts::startEndNodes.arg(HostTexts::none, HostTexts::none)
+                                      : HostTexts::diagramNotDrawn;
         return findings;
     }
     if (diagram.nodes.size() > limits.diagramNodes) {

@@ -127,7 +127,7 @@ void ScheduleSide::configure(int type, QMarkCategoryVirtual* category) {
         NetworkFindings findings = m_findings;
         if (m_candidate && !project.hasDiagram) { // nothing drawn: every principle fails
             findings.broken = findings.surplusDummy = true;
-            findings.brokenText = HostTexts::diagramNotDrawn();
+            findings.brokenText = HostTexts::diagramNotDrawn;
         }
         category->SetMarkBeginEndOnlyDot(findings.singleStartEnd);
         if (!findings.startEndText.isEmpty())
@@ -151,7 +151,7 @@ void ScheduleSide::markDiagramAbsent(QMarkCategoryVirtual* category) {
         root->GetRatingItemList(children);
     for (void* pointer : children)
         if (QRatingItemVirtual* criterion = MarkPointer::item(pointer))
-            criterion->SetRatingItemRemark(HostTexts::diagramNotDrawn());
+            criterion->SetRatingItemRemark(HostTexts::diagramNotDrawn);
 }
 
 void ScheduleSide::addCurves(QMarkCategoryVirtual* category) {

@@ -9,6 +9,7 @@
 #include <QSharedPointer>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 namespace Grade {
 
@@ -22,15 +23,15 @@ struct ScoredNode {
     bool locked = false;   // not judged: worth nothing, its marks shared among the others
     QString standardValue; // the value of its counterpart in the standard answer
     QString note;          // the grader's explanation where the library left no remark
-    QList<ScoredNode> items;
+    QVector<ScoredNode> items;
 
     // Marks were lost here: less than the full marks, or a deduction.
     bool lost() const { return obtained < full - 1e-9 || obtained < -1e-9; }
 };
 
 struct CategoryResult {
-    int type =
-        0; // schedule category type (MarkCode::CategoryType); the product code of a pricing or model tree
+    // The schedule category type (MarkCode::CategoryType), or the product code of a pricing or model tree.
+    int type = 0;
     QString title;         // the category's name
     bool available = true; // false when the library gives no object for it
     QString note;

@@ -1,65 +1,67 @@
 #include "jsonreport.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-
 namespace Grade {
 
 namespace {
 
-QJsonObject jsonNode(const ScoredNode& node) {
-    QJsonObject object{{QStringLiteral("name"), node.name},     {QStringLiteral("value"), node.value},
-                       {QStringLiteral("full"), node.full},     {QStringLiteral("obtained"), node.obtained},
-                       {QStringLiteral("remark"), node.remark}, {QStringLiteral("lost"), node.lost()}};
+void writeNode(JsonWriter& out, const ScoredNode& node) {
+    out.beginObject();
+    out.field("name", node.name);
+    out.field("value", node.value);
     if (!node.standardValue.isEmpty())
-        object.insert(QStringLiteral("standardValue"), node.standardValue);
-    if (!node.note.isEmpty())
-        object.insert(QStringLiteral("note"), node.note);
+        out.field("standardValue", node.standardValue);
+    out.field("full", node.full);
+    out.field("obtained", node.obtained);
+    out.field("lost", node.lost());
     if (node.locked)
-        object.insert(QStringLiteral("judged"), false);
-    QJsonArray items;
+        out.field("judged", false);
+    out.field("remark", node.remark);
+    if (!node.note.isEmpty())
+        out.field("note", node.note);
+    out.key("items");
+    out.beginArray();
     for (const ScoredNode& child : node.items)
-        items.append(jsonNode(child));
-    object.insert(QStringLiteral("items"), items);
-    return object;
+        writeNode(out, child);
+    out.endArray();
+    out.endObject();
 }
 
-QJsonObject categoryJson(const CategoryResult& category) {
-    QJsonObject object{{QStringLiteral("type"), category.type},
-                       {QStringLiteral("title"), category.title},
-                       {QStringLiteral("available"), category.available},
-                       {QStringLiteral("full"), category.full},
-                       {QStringLiteral("obtained"), category.obtained}};
+void writeCategory(JsonWriter& out, const CategoryResult& category) {
+    out.beginObject();
+    out.field("type", category.type);
+    out.field("title", category.title);
+    out.field("available", category.available);
+    out.field("full", category.full);
+    out.field("obtained", category.obtained);
     if (!category.note.isEmpty())
-        object.insert(QStringLiteral("note"), category.note);
-    if (category.available)
-        object.insert(QStringLiteral("tree"), jsonNode(category.tree));
-    return object;
-}
-
-// A JSON string literal: QJsonDocument writes only objects and arrays, so the brackets of a
-// one-element array are cut off.
-QByteArray jsonString(const QString& text) {
-    const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
-    return array.mid(1, array.size() - 2);
+        out.field("note", category.note);
+    if (category.available) {
+        out.key("tree");
+        writeNode(out, category.tree);
+    }
+    out.endObject();
 }
 
 } // namespace
 
-QJsonObject candidateJson(const CandidateResult& result) {
-    QJsonObject candidate{{QStringLiteral("file"), result.file}, {QStringLiteral("graded"), result.graded}};
+void writeCandidate(JsonWriter& out, const CandidateResult& result) {
+    out.beginObject();
+    out.field("file", result.file);
+    out.field("graded", result.graded);
     if (!result.graded) {
-        candidate.insert(QStringLiteral("error"), result.error);
-        return candidate;
+        out.field("error", result.error);
+        out.endObject();
+        return;
     }
-    QJsonArray categories;
+    out.field("full", result.full());
+    out.field("obtained", result.obtained());
+    out.field("notes", result.notes);
+    out.key("categories");
+    out.beginArray();
     for (const CategoryResult& category : result.categories)
-        categories.append(categoryJson(category));
-    candidate.insert(QStringLiteral("notes"), QJsonArray::fromStringList(result.notes));
-    candidate.insert(QStringLiteral("full"), result.full());
-    candidate.insert(QStringLiteral("obtained"), result.obtained());
-    candidate.insert(QStringLiteral("categories"), categories);
-    return candidate;
+        writeCategory(out, category);
+    out.endArray();
+    out.endObject();
 }
 
 JsonSink::JsonSink(std::unique_ptr<ReportOutput> output, bool pretty)
@@ -77,16 +79,17 @@ bool JsonSink::beginSection(const SectionStart& section) {
     const QByteArray space = m_pretty ? " " : "";
     m_candidates = 0;
     return write((m_sections++ == 0 ? opening() : ",") + indent(2) + '{' + indent(3) +
-                 "\"standard\":" + space + jsonString(section.standardFile) + ',' + indent(3) +
+                 "\"standard\":" + space + JsonWriter::quoted(section.standardFile) + ',' + indent(3) +
                  "\"candidates\":" + space + '[');
 }
 
+// Written block by block as it goes: a large candidate's report never stands whole in memory.
 bool JsonSink::addCandidate(const CandidateResult& result) {
-    const QJsonDocument document(candidateJson(result));
-    QByteArray object = document.toJson(m_pretty ? QJsonDocument::Indented : QJsonDocument::Compact);
-    if (m_pretty) // a string holds no raw line break, so every one is the layout's
-        object = object.trimmed().replace('\n', indent(4));
-    return write((m_candidates++ > 0 ? "," : "") + indent(4) + object);
+    if (!write((m_candidates++ > 0 ? "," : "") + indent(4)))
+        return false;
+    JsonWriter out(m_pretty, 4, [this](const QByteArray& bytes) { return write(bytes); });
+    writeCandidate(out, result);
+    return out.flush();
 }
 
 bool JsonSink::endSection() {

@@ -1,20 +1,19 @@
 // The JSON report: every scored tree, as one document
 // {"reports": [{"standard": file, "candidates": [...]}, ...]}, written candidate by candidate.
-// Compact unless pretty, which indents it as QJsonDocument does.
+// Compact unless pretty, which indents it by four spaces a level.
 #ifndef JSONREPORT_H
 #define JSONREPORT_H
 
+#include "jsonwriter.h"
 #include "output.h"
 #include "reportsink.h"
-
-#include <QJsonObject>
 
 #include <memory>
 
 namespace Grade {
 
 // One candidate's object in the report.
-QJsonObject candidateJson(const CandidateResult& result);
+void writeCandidate(JsonWriter& out, const CandidateResult& result);
 
 class JsonSink : public ReportSink {
 public:

@@ -37,14 +37,18 @@ ScoredNode copyNode(QRatingItemVirtual* item, QRatingItemVirtual* standard, int 
     node.locked = item->GetRatingItemLock();
     if (standard)
         node.standardValue = standard->GetRatingItemValue();
-    if (depth >= maxTreeDepth)
+    const QList<QRatingItemVirtual*> itemChildren =
+        depth < maxTreeDepth ? children(item) : QList<QRatingItemVirtual*>();
+    if (itemChildren.isEmpty())
         return node;
     // Standard children by name, each taken once, in order.
     QMultiHash<QString, QRatingItemVirtual*> standardOf;
     const QList<QRatingItemVirtual*> standardChildren = children(standard);
+    standardOf.reserve(standardChildren.size());
     for (int i = standardChildren.size() - 1; i >= 0; --i)
         standardOf.insert(standardChildren[i]->GetRatingItemName(), standardChildren[i]);
-    for (QRatingItemVirtual* child : children(item)) {
+    node.items.reserve(itemChildren.size());
+    for (QRatingItemVirtual* child : itemChildren) {
         if (seen.contains(child))
             continue;
         seen.insert(child);

@@ -45,7 +45,7 @@ QString linkTexts(const QList<NamedLink>& links) {
     return texts.join(QLatin1Char(' '));
 }
 
-ScoredNode node(const QString& name, double obtained, double full, const QList<ScoredNode>& items = {}) {
+ScoredNode node(const QString& name, double obtained, double full, const QVector<ScoredNode>& items = {}) {
     ScoredNode n;
     n.name = name;
     n.obtained = obtained;

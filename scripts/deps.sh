@@ -3,7 +3,7 @@
 # With --test also what only the tests use: a headless browser, Chinese fonts and PDF tools for the
 # HTML report's browser test. Those are best effort: when they cannot be installed, that test skips.
 set -euo pipefail
-packages=(cmake ninja-build g++ qtbase5-dev libbenchmark-dev)
+packages=(cmake ninja-build g++ qtbase5-dev libbenchmark-dev libjemalloc-dev)
 test_packages=(chromium fonts-noto-cjk poppler-utils)
 
 missing_of() { # packages... -> those not installed

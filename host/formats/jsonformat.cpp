@@ -86,8 +86,9 @@ void ProjectParser::workItems(const QJsonArray& array, const QString& path, Impo
         task.quantityName = r.text(object, at, "quantityName", false);
         task.unit = r.text(object, at, "unit", false);
         task.plannedQuantity = r.number(object, at, "plannedQuantity", false);
-        task.durationDays = r.integer(object, at, "duration", true, 0, 0, maxDays,
-                                      QStringLiteral("a whole number of days from 0 to %1").arg(maxDays));
+        static const QString durationRange =
+            QStringLiteral("a whole number of days from 0 to %1").arg(maxDays);
+        task.durationDays = r.integer(object, at, "duration", true, 0, 0, maxDays, durationRange);
         task.fixedDuration = r.boolean(object, at, "fixedDuration");
         task.color = r.textOrNumber(object, at, "color");
         task.lineWidth = r.textOrNumber(object, at, "lineWidth");
@@ -121,8 +122,9 @@ void ProjectParser::predecessors(const QJsonArray& array, const QString& path, I
                 r.fail(JsonReader::member(at, "type"), QStringLiteral("\"FS\", \"SS\", \"FF\" or \"SF\""),
                        object.value(QLatin1String("type")));
             link.type = types.value(type);
-            link.lagDays = r.integer(object, at, "lag", false, 0, -maxDays, maxDays,
-                                     QStringLiteral("a whole number of days from -%1 to %1").arg(maxDays));
+            static const QString lagRange =
+                QStringLiteral("a whole number of days from -%1 to %1").arg(maxDays);
+            link.lagDays = r.integer(object, at, "lag", false, 0, -maxDays, maxDays, lagRange);
         } else if (!r.readInteger(array.at(k), at, std::numeric_limits<int>::min(),
                                   std::numeric_limits<int>::max(),
                                   QStringLiteral("the id of a work item, or a link object"), id)) {
@@ -235,11 +237,13 @@ void ProjectParser::curves(const QJsonArray& array, const QString& path, QList<C
             const QJsonObject pointObject = r.objectAt(points, k, pointsPath);
             r.checkKeys(pointObject, pointPath, {"minute", "amount"});
             CurvePoint point;
-            const int after = curve.points.isEmpty() ? 0 : curve.points.last().minute + 1;
-            point.minute = r.integer(
-                pointObject, pointPath, "minute", true, 0, after, std::numeric_limits<int>::max(),
-                curve.points.isEmpty() ? QStringLiteral("a whole number of minutes of at least 0")
-                                       : QStringLiteral("a whole number of minutes after %1").arg(after - 1));
+            static const QString minuteRange = QStringLiteral("a whole number of minutes of at least 0");
+            point.minute = r.integer(pointObject, pointPath, "minute", true, 0, 0,
+                                     std::numeric_limits<int>::max(), minuteRange);
+            if (r.ok() && !curve.points.isEmpty() && point.minute <= curve.points.last().minute)
+                r.fail(JsonReader::member(pointPath, "minute"),
+                       QStringLiteral("a whole number of minutes after %1").arg(curve.points.last().minute),
+                       pointObject.value(QLatin1String("minute")));
             point.amount = r.number(pointObject, pointPath, "amount", true, 0.0, 0.0, maxCurveAmount);
             curve.points.append(point);
         }

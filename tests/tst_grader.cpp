@@ -1,6 +1,7 @@
 // The grader: reports of scored trees made by hand (text, JSON, CSV and the batch summary), the marks
 // file, the command line, the streaming batch with a grading function of the test's own, and the
 // markgrade command run as a separate process on small files.
+#include "datarow.h"
 #include "batch.h"
 #include "csvreport.h"
 #include "jsonreport.h"
@@ -23,10 +24,6 @@
 using namespace Grade;
 
 namespace {
-
-template <typename... Cells> void row(const char* tag, const Cells&... cells) {
-    (QTest::newRow(tag) << ... << cells);
-}
 
 ScoredNode node(const QString& name, double obtained, double full, const QString& remark = QString(),
                 const QVector<ScoredNode>& items = {}) {

@@ -9,6 +9,7 @@
 //     node 18 after 一层梁板混凝土 becomes a dead end),
 //   - draws no 木工 (模板工) curve,
 //   - shows 20 rows per page for 30 work items.
+#include "datarow.h"
 #include "grading.h"
 #include "projectreader.h"
 #include "samples.h"
@@ -18,10 +19,6 @@
 using namespace Grade;
 
 namespace {
-
-template <typename... Cells> void row(const char* tag, const Cells&... cells) {
-    (QTest::newRow(tag) << ... << cells);
-}
 
 CandidateResult gradeSample(const QString& product) {
     Host::ProjectFile files[2];

@@ -1,6 +1,7 @@
 // The reference host: reading project files and the error messages of bad ones, the derivations on
 // small schedules worked out by hand (forward pass, logic texts, link matrix, arrow-diagram
 // findings, curve fluctuation) and the project data as the library sees it.
+#include "datarow.h"
 #include "hostprojectdata.h"
 #include "projectreader.h"
 #include "scheduleanalysis.h"
@@ -17,10 +18,6 @@ using Values = QList<double>;
 Q_DECLARE_METATYPE(QList<Host::CurveData>)
 
 namespace {
-
-template <typename... Cells> void row(const char* tag, const Cells&... cells) {
-    (QTest::newRow(tag) << ... << cells);
-}
 
 QByteArray schedule(const QByteArray& workItems, const QByteArray& extra = QByteArray()) {
     return R"({"product":"schedule","scene":"Site","workItems":)" + workItems + extra + "}";

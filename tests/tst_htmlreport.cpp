@@ -1,5 +1,6 @@
 // The HTML report without a browser: the schedule comparisons its figures show, the cohort
 // statistics of the index, and the pages the sink writes, read back as XML.
+#include "datarow.h"
 #include "htmlcohort.h"
 #include "htmlcompare.h"
 #include "htmlpage.h"
@@ -13,10 +14,6 @@
 using namespace Grade;
 
 namespace {
-
-template <typename... Cells> void row(const char* tag, const Cells&... cells) {
-    (QTest::newRow(tag) << ... << cells);
-}
 
 // Work items from "name:start:duration>predecessor name,...", e.g. "B:5:3>A".
 Host::ScheduleProject schedule(const QString& items) {

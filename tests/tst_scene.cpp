@@ -1,5 +1,6 @@
 // Scenes and resources: the scene registry, the Site catalogue, element identifiers and chains, the
 // element types the Site scene has the host create, resource names and what each resource class keeps.
+#include "datarow.h"
 #include "fakeelementtype.h"
 #include "fakeproject.h"
 #include "qresource_sked_site.h"
@@ -14,10 +15,6 @@ using Resource = std::shared_ptr<QResourceBase>;
 Q_DECLARE_METATYPE(Resource)
 
 namespace {
-
-template <typename... Cells> void row(const char* tag, const Cells&... cells) {
-    (QTest::newRow(tag) << ... << cells);
-}
 
 QList<QResourceVirtual*> curveResources(QSceneVirtual& scene) {
     QList<QResourceVirtual*> list;

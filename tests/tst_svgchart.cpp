@@ -1,5 +1,6 @@
 // The drawing unit of the HTML report: the geometry of scales, ticks, step paths, bars and histogram
 // bins, and the SVG its writers produce, read back as XML.
+#include "datarow.h"
 #include "svgchart.h"
 
 #include <QXmlStreamReader>
@@ -11,10 +12,6 @@ using namespace Grade::Svg;
 Q_DECLARE_METATYPE(Grade::Svg::Step)
 
 namespace {
-
-template <typename... Cells> void row(const char* tag, const Cells&... cells) {
-    (QTest::newRow(tag) << ... << cells);
-}
 
 // Texts of the elements named tag in an SVG fragment, in document order.
 QStringList texts(const QString& svg, const QString& tag) {

@@ -3,6 +3,7 @@
 #ifndef PROJECTDUMP_H
 #define PROJECTDUMP_H
 
+#include "datarow.h"
 #include "graderesult.h"
 #include "grading.h"
 #include "projectreader.h"
@@ -13,6 +14,8 @@
 
 namespace TestDump {
 
+using ::row;
+
 // A file of tests/data/formats (the test defines FORMAT_FIXTURES).
 inline QString fixture(const QString& name) {
     return QStringLiteral(FORMAT_FIXTURES "/") + name;
@@ -21,10 +24,6 @@ inline QString fixture(const QString& name) {
 inline QByteArray fixtureBytes(const QString& name) {
     QFile file(fixture(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-template <typename... Cells> void row(const char* tag, const Cells&... cells) {
-    (QTest::newRow(tag) << ... << cells);
 }
 
 inline QString linkText(const Host::LinkData& link, const QList<Host::WorkItemData>& items) {
@@ -109,6 +108,12 @@ inline Host::ProjectFile read(const QString& path,
     if (!Host::readProjectFile(path, file, error, options))
         qWarning("%s", qPrintable(error.toString()));
     return file;
+}
+
+// Reads bytes as a project file named "f": the error message, or an empty text when it reads.
+inline QString readError(const QByteArray& bytes, Host::ProjectFile& file) {
+    Host::ReadError error;
+    return Host::readProjectDocument(bytes, QStringLiteral("f"), file, error) ? QString() : error.toString();
 }
 
 } // namespace TestDump

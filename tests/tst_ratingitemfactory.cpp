@@ -41,7 +41,6 @@ private slots:
     void byProduct();
     void byItemType_data();
     void byItemType();
-    void separateObjects();
 };
 
 void TestRatingItemFactory::byProduct_data() {
@@ -78,17 +77,6 @@ void TestRatingItemFactory::byItemType() {
     QFETCH(int, itemType);
     QFETCH(QByteArray, className);
     checkMade(QRatingItemBase::CreateRatingItemByType(itemType), className);
-}
-
-void TestRatingItemFactory::separateObjects() {
-    std::unique_ptr<QRatingItemBase> first(QRatingItemBase::CreateMarkRatingItem(9));
-    std::unique_ptr<QRatingItemBase> second(QRatingItemBase::CreateMarkRatingItem(9));
-    QVERIFY(first && second && first != second);
-    // Product 13 and item type 13 are different number spaces.
-    std::unique_ptr<QRatingItemBase> fir(QRatingItemBase::CreateMarkRatingItem(13));
-    std::unique_ptr<QRatingItemBase> ash(QRatingItemBase::CreateRatingItemByType(13));
-    QCOMPARE(fir->metaObject()->className(), kFir);
-    QCOMPARE(ash->metaObject()->className(), kAsh);
 }
 
 QTEST_GUILESS_MAIN(TestRatingItemFactory)

@@ -18,15 +18,15 @@ namespace {
 // Work items from "name:start:duration>predecessor name,...", e.g. "B:5:3>A".
 Host::ScheduleProject schedule(const QString& items) {
     Host::ScheduleProject project;
-    for (const QString& spec : items.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-        const QStringList parts = spec.section(QLatin1Char('>'), 0, 0).split(QLatin1Char(':'));
+    for (const QString& entry : items.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        const QStringList parts = entry.section(QLatin1Char('>'), 0, 0).split(QLatin1Char(':'));
         Host::WorkItemData item;
         item.name = parts[0];
         item.start = parts.value(1).toInt();
         item.duration = parts.value(2).toInt();
         item.finish = item.start + item.duration;
         for (const QString& predecessor :
-             spec.section(QLatin1Char('>'), 1).split(QLatin1Char(','), Qt::SkipEmptyParts))
+             entry.section(QLatin1Char('>'), 1).split(QLatin1Char(','), Qt::SkipEmptyParts))
             for (int i = 0; i < project.workItems.size(); ++i)
                 if (project.workItems[i].name == predecessor)
                     item.predecessors.append(i);

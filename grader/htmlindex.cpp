@@ -19,8 +19,8 @@ const int lostCriteriaShown = 20;
 const double chartWidth = 560.0;
 const double chartHeight = 200.0;
 const double left = 40.0;
-const double margin = 10.0;
-const double axisHeight = 36.0;
+const double margin = Svg::chartMargin;
+using Svg::axisHeight;
 
 void cell(QXmlStreamWriter& out, const QString& text, const QString& sortKey, const QString& cssClass) {
     open(out, QStringLiteral("td"), cssClass);

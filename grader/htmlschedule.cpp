@@ -1,6 +1,7 @@
 #include "htmlschedule.h"
 
 #include "htmlpage.h"
+#include "svgchart.h"
 
 #include <QXmlStreamWriter>
 
@@ -14,8 +15,8 @@ namespace {
 const double fontSize = 11.0;
 const double rowHeight = 20.0;
 const double plotWidth = 620.0;
-const double margin = 10.0;
-const double axisHeight = 36.0;
+const double margin = Svg::chartMargin;
+using Svg::axisHeight;
 const double curveWidth = 640.0;
 const double curveHeight = 150.0;
 const double curveLeft = 48.0;

@@ -60,6 +60,11 @@ QRectF barRect(const LinearScale& x, double start, double finish, double rowTop,
 // Counts of values per bin: count equal bins over [min, max], values outside clamped to the end bins.
 QVector<int> histogram(const QVector<double>& values, double min, double max, int count);
 
+// The space around a chart's plot area and the height that a horizontal axis with its ticks and label
+// takes below it, shared by every chart so that they line up on a page.
+const double chartMargin = 10.0;
+const double axisHeight = 36.0;
+
 // <svg> with viewBox, width, a class and an accessible <title>; close it with writeEndElement().
 void beginSvg(QXmlStreamWriter& out, double width, double height, const QString& cssClass,
               const QString& title);

@@ -1,5 +1,5 @@
 // Schedule rating items: matching, duplicate, missing and surplus criteria, the calculation record, leaf
-// rules, the logic-chain search, and the Site item's records (hostile ones too) and line-width link.
+// rules, the logic-chain search, and the Site item's records and line-width link.
 #include "itemtrees.h"
 #include "markpublic.h"
 #include "markrecords.h"
@@ -92,15 +92,6 @@ void writeSite(QDataStream& out, const QString& name, int level, qint32 children
 QJsonObject threeLevelObject() {
     return siteObject("工作项属性", 1,
                       {siteObject("挖土", 2, {siteObject("持续时间", 3)}), siteObject("平米", 2)});
-}
-
-// A chain of depth records, each the only child of the one before.
-QByteArray chainRecord(int depth) {
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    for (int i = 0; i < depth; ++i)
-        writeSite(out, "n", 2, i + 1 < depth ? 1 : 0);
-    return bytes;
 }
 
 } // namespace
@@ -407,28 +398,6 @@ private slots:
         item.DoSerialize(record, true);
         QCOMPARE(depthOf(&item), RecordIO::kMaxDepth);
         QCOMPARE(item.GetRatingItemName(), QString("0"));
-    }
-
-    void hostileStreamRecords() {
-        // Cut short at every byte, a count of 2^31-1, one level past the nesting limit: each is refused
-        // without more children than the bytes hold.
-        QRatingItem_Sked_Site source;
-        QJsonObject record = threeLevelObject();
-        source.DoSerialize(record, true);
-        const QByteArray whole = bytesOf(&source);
-        QList<QByteArray> records{chainRecord(RecordIO::kMaxDepth + 1), QByteArray()};
-        QDataStream out(&records.last(), QIODevice::WriteOnly);
-        writeSite(out, "root", 1, 0x7fffffff);
-        writeSite(out, "child", 2, 0);
-        for (int length = 0; length < whole.size(); ++length)
-            records.append(whole.left(length));
-        for (const QByteArray& bytes : records) {
-            QRatingItem_Sked_Site item;
-            QVERIFY(readBytes(&item, bytes) != QDataStream::Ok);
-            QVERIFY(item.GetChildItemCount() <= 2 && depthOf(&item) <= RecordIO::kMaxDepth);
-        }
-        QRatingItem_Sked_Site deep; // at the limit a record is read
-        QCOMPARE(readBytes(&deep, chainRecord(RecordIO::kMaxDepth)), QDataStream::Ok);
     }
 
     void linkedAndLoadedLineWidth() {

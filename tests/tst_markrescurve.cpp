@@ -157,46 +157,42 @@ private slots:
     void judgedCurveChecks_data() {
         QTest::addColumn<QStringList>("planned");
         QTest::addColumn<QStringList>("drawn");
-        QTest::addColumn<bool>("custom");
         QTest::addColumn<Points>("points");
         QTest::addColumn<S>("expected");
         const QStringList none;
         const S fine("|满足条件|0|"), tooFew("|不满足|0|机械资源配置不合理");
         // 10 days are 14400 minutes
         QTest::newRow("generator idle first day")
-            << none << QStringList{"发电机组"} << true << Points{{1440, 0.0}, {14400, 1.0}}
+            << none << QStringList{"发电机组"} << Points{{1440, 0.0}, {14400, 1.0}}
             << generatorChart + "|不满足|0|\"发电机组\"未从工期起始时间使用";
-        QTest::newRow("generator ends early")
-            << none << QStringList{"发电机组(大)"} << true << Points{{12960, 1.0}}
-            << generatorChart + "|不满足|0|\"发电机组\"使用时间小于总工期";
+        QTest::newRow("generator ends early") << none << QStringList{"发电机组(大)"} << Points{{12960, 1.0}}
+                                              << generatorChart + "|不满足|0|\"发电机组\"使用时间小于总工期";
         QTest::newRow("pump past the end")
-            << none << QStringList{"供水泵机（小）"} << true << Points{{20000, 1.0}} << pumpChart + fine;
+            << none << QStringList{"供水泵机（小）"} << Points{{20000, 1.0}} << pumpChart + fine;
         // rebar / 5 and concrete raw material / 10 machines, rounded half up
-        QTest::newRow("rebar 12, 2") << QStringList{"钢筋原材=12"} << QStringList{"钢筋加工机械"} << true
-                                     << weeks(2) << processorChart + fine;
-        QTest::newRow("rebar 13, 2") << QStringList{"钢筋原材=13"} << QStringList{"钢筋加工"} << true
-                                     << weeks(2) << processorChart + tooFew;
-        QTest::newRow("concrete 25, 2")
-            << QStringList{"砂石=15", "水泥原材=10", "成品混凝土=90"} << QStringList{"混凝土搅拌"} << true
-            << weeks(2) << mixerChart + tooFew;
+        QTest::newRow("rebar 12, 2") << QStringList{"钢筋原材=12"} << QStringList{"钢筋加工机械"} << weeks(2)
+                                     << processorChart + fine;
+        QTest::newRow("rebar 13, 2") << QStringList{"钢筋原材=13"} << QStringList{"钢筋加工"} << weeks(2)
+                                     << processorChart + tooFew;
+        QTest::newRow("concrete 25, 2") << QStringList{"砂石=15", "水泥原材=10", "成品混凝土=90"}
+                                        << QStringList{"混凝土搅拌"} << weeks(2) << mixerChart + tooFew;
         QTest::newRow("no raw rebar, no curve")
-            << QStringList{"成品钢筋=50"} << none << true << Points() << processorChart + fine;
+            << QStringList{"成品钢筋=50"} << none << Points() << processorChart + fine;
         // partners are drawn together, and taken as a partner they get no row of their own
         QTest::newRow("rebar pair, one drawn")
-            << QStringList{"钢筋原材", "成品钢筋"} << QStringList{"钢筋"} << true << Points()
+            << QStringList{"钢筋原材", "成品钢筋"} << QStringList{"钢筋"} << Points()
             << "钢筋原材/成品钢筋计划曲线图|不存在|0|缺少\"成品钢筋\"资源曲线";
     }
     void judgedCurveChecks() {
         QFETCH(QStringList, planned);
         QFETCH(QStringList, drawn);
-        QFETCH(bool, custom);
         QFETCH(Points, points);
         QFETCH(S, expected);
         SiteProject judged;
         for (const S& resource : planned)
             judged.plan(resource);
         for (const S& curve : drawn)
-            judged.draw(curve, custom, points);
+            judged.draw(curve, true, points);
         QCOMPARE(rowOf(judged.build(true), expected.section('|', 0, 0)), expected);
     }
 

@@ -363,15 +363,12 @@ private:
         for (const QString& key : keys) {
             auto* process = new QProcess(this);
             const QString profile = m_dir.filePath(QStringLiteral("profile-%1").arg(m_profiles++));
-            QStringList arguments{QStringLiteral("--headless"),
-                                  QStringLiteral("--no-sandbox"),
-                                  QStringLiteral("--disable-gpu"),
-                                  QStringLiteral("--hide-scrollbars"),
-                                  QStringLiteral("--no-first-run"),
-                                  QStringLiteral("--disable-background-networking"),
-                                  QStringLiteral("--disable-component-update"),
-                                  QStringLiteral("--host-resolver-rules=MAP * ~NOTFOUND"),
-                                  QStringLiteral("--user-data-dir=") + profile};
+            QStringList arguments = QStringLiteral("--headless --no-sandbox --disable-gpu --hide-scrollbars "
+                                                   "--no-first-run --disable-background-networking "
+                                                   "--disable-component-update")
+                                        .split(QLatin1Char(' '));
+            arguments << QStringLiteral("--host-resolver-rules=MAP * ~NOTFOUND")
+                      << QStringLiteral("--user-data-dir=") + profile;
             process->start(m_browser, arguments + m_runs[key].arguments);
             processes.append(process);
         }

@@ -35,7 +35,6 @@ private slots:
         row("left to right", QVector<double>{0, 10, 100, 200}, 2.5, 125.0);
         row("beyond the domain", QVector<double>{0, 10, 100, 200}, 20.0, 300.0);
         row("upward y axis", QVector<double>{0, 8, 150, 10}, 2.0, 115.0);
-        row("offset domain", QVector<double>{-5, 5, 0, 50}, 0.0, 25.0);
         row("empty domain", QVector<double>{3, 3, 40, 90}, 7.0, 40.0);
     }
     void scale() {

@@ -94,12 +94,11 @@ QPair<QString, QString> csvReports(const QList<ReportSection>& sections) {
                      QString::fromUtf8(summary.data()));
 }
 
-// A result of the file, graded with no categories, or not graded with the error.
-CandidateResult made(const QString& file, const QString& error = QString()) {
+// A result of the file, graded with no categories.
+CandidateResult made(const QString& file) {
     CandidateResult result;
     result.file = file;
-    result.graded = error.isEmpty();
-    result.error = error;
+    result.graded = true;
     return result;
 }
 

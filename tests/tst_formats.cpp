@@ -7,7 +7,6 @@
 #include "formats/plannerformat.h"
 #include "projectdump.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace Host;
@@ -25,15 +24,13 @@ QByteArray changed(const QString& name, const QByteArray& from, const QByteArray
     return at < 0 ? QByteArray() : bytes.replace(at, from.size(), to);
 }
 
-// Broken MS Project XML: one row per check, by the reader, the XML cursor or the finishing step.
+// Broken MS Project XML: the reader's own checks, those of the XML cursor all XML readers share, and
+// finishing-step errors at the places the reader remembered.
 void brokenMspdiRows() {
     const QString xml = QStringLiteral("house.xml");
     row("MSPDI duration", changed(xml, "<Duration>PT32H0M0S", "<Duration>P3X"),
         QStringLiteral("f: line 132, column 13 (Project/Tasks/Task/Duration): expected an ISO 8601 "
                        "duration like PT8H0M0S, found \"P3X\""));
-    row("MSPDI unknown predecessor", changed(xml, "<PredecessorUID>20<", "<PredecessorUID>99<"),
-        QStringLiteral("f: line 205, column 20 (Project/Tasks/Task/PredecessorLink): expected the id of "
-                       "a task, found 99, which no task has"));
     row("MSPDI cycle", changed(xml, "<PredecessorUID>1<", "<PredecessorUID>11<"),
         QStringLiteral(
             "f: line 100, column 8 (Project/Tasks): expected predecessors without a cycle, found the "
@@ -57,8 +54,7 @@ void brokenMspdiRows() {
                        "levels of elements"));
 }
 
-// Broken GanttProject and Planner files: the checks of their own readers, and an XML error found
-// part way through.
+// Broken GanttProject and Planner files: the checks of their own readers.
 void brokenGanAndPlannerRows() {
     const QString gan = QStringLiteral("house.gan");
     const QString planner = QStringLiteral("house.planner");
@@ -87,9 +83,6 @@ void brokenGanAndPlannerRows() {
     row("Planner resource type", changed(planner, "type=\"1\" units", "type=\"3\" units"),
         QStringLiteral("f: line 91, column 104 (project/resources/resource/@type): expected a resource "
                        "type 1 (work) or 2 (material), found \"3\""));
-    row("Planner bare ampersand", changed(planner, "name=\"Roofing\"", "name=\"Roofing & tiles\""),
-        QStringLiteral("f: line 55, column 33 (project/tasks): expected well-formed XML, found an error: "
-                       "Expected '#' or '[a-zA-Z]', but got ' '."));
 }
 
 // The names of the XML formats that claim the bytes.
@@ -134,25 +127,12 @@ private slots:
     // Each format's house schedule against the twin: the same parsed project, the same marks.
     void sameAsTwin_data() {
         QTest::addColumn<QString>("file");
-        row("json twin itself", QStringLiteral("house.json"));
         row("MS Project XML", QStringLiteral("house.xml"));
         row("GanttProject", QStringLiteral("house.gan"));
         row("GNOME Planner", QStringLiteral("house.planner"));
         row("Primavera P6 XER", QStringLiteral("house.xer"));
         row("MPX", QStringLiteral("house.mpx"));
         row("MPX with semicolons and decimal commas", QStringLiteral("house-semicolon.mpx"));
-    }
-
-    // The name of a file says nothing: a GanttProject file saved as .xml is read as GanttProject.
-    void sameAsTwinUnderAnotherName() {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("house.xml"));
-        QFile copy(path);
-        QVERIFY(copy.open(QIODevice::WriteOnly));
-        copy.write(fixtureBytes(QStringLiteral("house.gan")));
-        copy.close();
-        QCOMPARE(TestDump::schedule(TestDump::read(path).schedule),
-                 TestDump::schedule(TestDump::read(fixture(QStringLiteral("house.json"))).schedule));
     }
 
     void sameAsTwin() {

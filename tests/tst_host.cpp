@@ -186,43 +186,27 @@ private slots:
         QVERIFY(file.schedule.workItems.isEmpty() && file.fileName.isEmpty()); // nothing half read is left
     }
 
+    // Forward pass over typed links with lags and leads, or the cycle that stops it.
     void scheduleTimes_data() {
         QTest::addColumn<QString>("workItems"); // in the notation of items()
+        QTest::addColumn<QString>("dates");     // start-finish of each item, "*" after a critical one
         QTest::addColumn<int>("total");
         QTest::addColumn<QVector<int>>("cycle"); // positions around a cycle, first repeated at the end
-        row("diamond, predecessors listed later", "D:1:B,C;B:3:A;C:6:A;A:2", 9, QVector<int>());
-        row("cycle", "A:1:C;B:1:A;C:1:B", -1, QVector<int>{0, 1, 2, 0});
-        row("self", "A:1;B:1:B", -1, QVector<int>{1, 1});
-        row("cycle behind a tail", "A:1;B:1:A,D;C:1:B;D:1:C;E:1:D", -1, QVector<int>{1, 2, 3, 1});
-    }
-
-    void typedLinks_data() {
-        QTest::addColumn<QString>("workItems");
-        QTest::addColumn<QString>("dates"); // start-finish of each item, "*" after a critical one
-        QTest::addColumn<int>("total");
+        row("diamond, predecessors listed later", "D:1:B,C;B:3:A;C:6:A;A:2", "8-9* 2-5 2-8* 0-2*", 9,
+            QVector<int>());
         row("start-to-start with lag, finish-to-finish, start-to-finish", "A:5;B:3:A/ss2;C:2:B/ff1;D:4:A/sf0",
-            "0-5* 2-5* 4-6* 0-4", 6);
-        row("lead never starts before day 0", "A:2;B:3:A/fs-4", "0-2 0-3*", 3);
-        row("lag on finish-to-start; parallel branch has float", "A:1;B:2:A/fs3;C:1:A", "0-1* 4-6* 1-2", 6);
-    }
-
-    void typedLinks() {
-        QFETCH(QString, workItems);
-        QFETCH(QString, dates);
-        QFETCH(int, total);
-        QList<WorkItemData> list = items(workItems);
-        int days = -1;
-        QVector<int> cycle;
-        QVERIFY(Host::scheduleTimes(list, days, cycle));
-        QStringList found;
-        for (const WorkItemData& item : list)
-            found << QStringLiteral("%1-%2%3").arg(item.start).arg(item.finish).arg(item.critical ? "*" : "");
-        QCOMPARE(found.join(' '), dates);
-        QCOMPARE(days, total);
+            "0-5* 2-5* 4-6* 0-4", 6, QVector<int>());
+        row("lead never starts before day 0", "A:2;B:3:A/fs-4", "0-2 0-3*", 3, QVector<int>());
+        row("lag on finish-to-start; parallel branch has float", "A:1;B:2:A/fs3;C:1:A", "0-1* 4-6* 1-2", 6,
+            QVector<int>());
+        row("cycle", "A:1:C;B:1:A;C:1:B", "", -1, QVector<int>{0, 1, 2, 0});
+        row("self", "A:1;B:1:B", "", -1, QVector<int>{1, 1});
+        row("cycle behind a tail", "A:1;B:1:A,D;C:1:B;D:1:C;E:1:D", "", -1, QVector<int>{1, 2, 3, 1});
     }
 
     void scheduleTimes() {
         QFETCH(QString, workItems);
+        QFETCH(QString, dates);
         QFETCH(int, total);
         QFETCH(QVector<int>, cycle);
         int days = -1;
@@ -230,8 +214,13 @@ private slots:
         QList<WorkItemData> list = items(workItems);
         QCOMPARE(Host::scheduleTimes(list, days, found), cycle.isEmpty());
         QCOMPARE(found, cycle);
-        if (cycle.isEmpty())
-            QCOMPARE(days, total);
+        if (!cycle.isEmpty())
+            return;
+        QCOMPARE(days, total);
+        QStringList times;
+        for (const WorkItemData& item : list)
+            times << QStringLiteral("%1-%2%3").arg(item.start).arg(item.finish).arg(item.critical ? "*" : "");
+        QCOMPARE(times.join(' '), dates);
     }
 
     void logicTextsAndLinks() {

@@ -283,8 +283,6 @@ private slots:
         row("QResource_Sked", created(5, 3), "0 40"); // CreateResource gives the scene's general class
         row("QResource_Sked_Twin", created(5, 2), "0 40");
         row("QResource_Sked_Site", created(5, 1), "7 钢筋工曲线图 40 99 base");
-        row("QResource_Sked_Site_CL", Resource(new QResource_Sked_Site_CL), "7 钢筋工曲线图 40 99 base");
-        row("QResource_Sked_Site_JX", Resource(new QResource_Sked_Site_JX), "7 钢筋工曲线图 40 99 base");
         row("QResource_Sked_Site_RL", Resource(new QResource_Sked_Site_RL),
             "7 钢筋工曲线图 Qty01 绑钢筋 黄色 40 99 base");
     }

@@ -65,10 +65,6 @@ private slots:
         category.setCreated(true);
         category.root()->add("a", 2.0);
         QJsonObject object = jsonOf(&category);
-        QCOMPARE(object.value("categorytype").toInt(), 3);
-        QCOMPARE(object.value("iscreated").toBool(), true);
-        QCOMPARE(object.value("name").toString(), QString("root"));
-        QVERIFY(object.value("items").isArray());
         copy.root()->SetRatingItemName(QString());
         copy.DoSerialize(object, true);
         QVERIFY(copy.categoryType() == 3 && copy.created());
@@ -80,11 +76,6 @@ private slots:
         category.setCreated(true);
         category.root()->add("a", 2.0);
         const QByteArray bytes = streamOf(category);
-        qint32 type = 0;
-        QString className;
-        QDataStream(bytes) >> type >> className;
-        QCOMPARE(type, 3);
-        QCOMPARE(className, QString("TestCategory"));
         QPointer<TestItem> oldRoot = copy.root();
         QDataStream in(bytes);
         copy.DoSerialize(in, true);

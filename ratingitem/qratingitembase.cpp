@@ -6,6 +6,32 @@
 
 #include <QJsonArray>
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// The entries of items without repeats, each where it first stands.
+QList<void*> firstOccurrences(const QList<void*>& items) {
+    std::vector<std::pair<void*, int>> sorted;
+    sorted.reserve(size_t(items.size()));
+    for (int i = 0; i < items.size(); ++i)
+        sorted.emplace_back(items[i], i);
+    std::sort(sorted.begin(), sorted.end());
+    std::vector<bool> first(sorted.size(), false);
+    for (size_t k = 0; k < sorted.size(); ++k)
+        first[size_t(sorted[k].second)] = k == 0 || sorted[k].first != sorted[k - 1].first;
+    QList<void*> distinct;
+    distinct.reserve(items.size());
+    for (int i = 0; i < items.size(); ++i)
+        if (first[size_t(i)])
+            distinct.append(items[i]);
+    return distinct;
+}
+
+} // namespace
+
 QRatingItemBase::QRatingItemBase(QObject* parent) : QRatingItemVirtual(parent) {}
 
 QRatingItemBase::~QRatingItemBase() {
@@ -55,11 +81,18 @@ QString QRatingItemBase::GetClassName() {
 bool QRatingItemBase::takeOwnership(void* child) {
     if (!child || child == MarkPointer::fromItem(this))
         return false;
-    if (!m_ownedSet.contains(child)) {
-        m_ownedSet.insert(child);
+    // An item is mostly handed over twice in a row: as a child and as an answer.
+    if (m_owned.isEmpty() || m_owned.constLast() != child) {
         m_owned.append(child);
+        if (m_owned.size() >= 2 * m_ownedDistinct + 16)
+            foldOwned();
     }
     return true;
+}
+
+void QRatingItemBase::foldOwned() {
+    m_owned = firstOccurrences(m_owned);
+    m_ownedDistinct = m_owned.size();
 }
 
 void QRatingItemBase::appendChild(void* child) {
@@ -79,20 +112,16 @@ void QRatingItemBase::replaceChildList(const QList<void*>& children) {
 }
 
 void QRatingItemBase::ClearRatingItemData(QList<void*>& items) {
-    QSet<void*> deleted;
-    for (void* pointer : items) {
-        if (!pointer || deleted.contains(pointer))
-            continue;
-        deleted.insert(pointer);
-        delete MarkPointer::item(pointer);
-    }
+    for (void* pointer : firstOccurrences(items))
+        if (pointer)
+            delete MarkPointer::item(pointer);
 }
 
 void QRatingItemBase::ClearRatingItemData() {
     // Detach first, so that nothing reachable from this item points at a deleted child.
     QList<void*> owned;
     owned.swap(m_owned);
-    m_ownedSet.clear();
+    m_ownedDistinct = 0;
     m_children.clear();
     m_answerChildren.clear();
     ClearRatingItemData(owned);

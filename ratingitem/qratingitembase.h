@@ -15,7 +15,6 @@
 #include <QJsonObject>
 #include <QList>
 #include <QMultiMap>
-#include <QSet>
 #include <QString>
 
 #include <functional>
@@ -94,9 +93,13 @@ protected:
     double m_score = 0.0;
 
 private:
-    // Every item this item ever held, in the order it was first taken; deleted on clear.
+    void foldOwned();
+
+    // Every item this item ever held, deleted once each on clear. A repeat is not looked up when it
+    // is taken (a hash set per item cost more than the items): the list is folded to its distinct
+    // entries whenever it doubles, so it stays within about twice the items owned.
     QList<void*> m_owned;
-    QSet<void*> m_ownedSet;
+    int m_ownedDistinct = 0; // entries of m_owned when it was last folded
 };
 
 #endif // QRATINGITEMBASE_H

@@ -7,26 +7,68 @@
 #include <QHash>
 #include <QSet>
 
+#include <future>
+
 namespace Grade {
 
 namespace {
 
 const int maxTreeDepth = 64;
 
-QList<QRatingItemVirtual*> children(QRatingItemVirtual* item) {
-    QList<QRatingItemVirtual*> out;
+// Below this many standard children a name is looked up by a scan; above it, through a hash.
+const int scannedChildren = 32;
+// A root with fewer children than this is not worth a second thread.
+const int twoThreadChildren = 4096;
+
+QVector<QRatingItemVirtual*> children(QRatingItemVirtual* item) {
+    QVector<QRatingItemVirtual*> out;
     if (!item)
         return out;
     QList<void*> pointers;
     item->GetRatingItemList(pointers);
-    for (void* pointer : pointers)
+    out.reserve(pointers.size());
+    for (void* pointer : qAsConst(pointers))
         if (QRatingItemVirtual* child = MarkPointer::item(pointer))
             out.append(child);
     return out;
 }
 
-ScoredNode copyNode(QRatingItemVirtual* item, QRatingItemVirtual* standard, int depth,
-                    QSet<QRatingItemVirtual*>& seen) {
+// The standard's children by name, each handed out once, the first of a name first.
+class Counterparts {
+public:
+    explicit Counterparts(QRatingItemVirtual* standard) : m_items(children(standard)) {
+        m_names.reserve(m_items.size());
+        for (QRatingItemVirtual* item : qAsConst(m_items))
+            m_names.append(item->GetRatingItemName());
+        m_taken.fill(false, m_items.size());
+        if (m_items.size() > scannedChildren)
+            for (int i = m_items.size() - 1; i >= 0; --i)
+                m_index.insert(m_names[i], i);
+    }
+    QRatingItemVirtual* take(const QString& name) {
+        int found = -1;
+        if (m_items.size() <= scannedChildren) {
+            for (int i = 0; i < m_items.size() && found < 0; ++i)
+                if (!m_taken[i] && m_names[i] == name)
+                    found = i;
+        } else {
+            found = m_index.value(name, -1);
+            m_index.remove(name, found);
+        }
+        if (found < 0)
+            return nullptr;
+        m_taken[found] = true;
+        return m_items[found];
+    }
+
+private:
+    QVector<QRatingItemVirtual*> m_items;
+    QVector<QString> m_names;
+    QVector<bool> m_taken;
+    QMultiHash<QString, int> m_index;
+};
+
+ScoredNode copyFields(QRatingItemVirtual* item, QRatingItemVirtual* standard) {
     ScoredNode node;
     node.name = item->GetRatingItemName();
     node.value = item->GetRatingItemValue();
@@ -37,26 +79,48 @@ ScoredNode copyNode(QRatingItemVirtual* item, QRatingItemVirtual* standard, int 
     node.locked = item->GetRatingItemLock();
     if (standard)
         node.standardValue = standard->GetRatingItemValue();
-    const QList<QRatingItemVirtual*> itemChildren =
-        depth < maxTreeDepth ? children(item) : QList<QRatingItemVirtual*>();
-    if (itemChildren.isEmpty())
-        return node;
-    // Standard children by name, each taken once, in order.
-    QMultiHash<QString, QRatingItemVirtual*> standardOf;
-    const QList<QRatingItemVirtual*> standardChildren = children(standard);
-    standardOf.reserve(standardChildren.size());
-    for (int i = standardChildren.size() - 1; i >= 0; --i)
-        standardOf.insert(standardChildren[i]->GetRatingItemName(), standardChildren[i]);
-    node.items.reserve(itemChildren.size());
-    for (QRatingItemVirtual* child : itemChildren) {
-        if (seen.contains(child))
-            continue;
-        seen.insert(child);
-        const QString name = child->GetRatingItemName();
-        QRatingItemVirtual* counterpart = standardOf.value(name);
-        standardOf.remove(name, counterpart);
-        node.items.append(copyNode(child, counterpart, depth + 1, seen));
+    return node;
+}
+
+// Each child's counterpart among the standard's children.
+QVector<QRatingItemVirtual*> pairUp(const QVector<QRatingItemVirtual*>& items, QRatingItemVirtual* standard) {
+    Counterparts counterparts(standard);
+    QVector<QRatingItemVirtual*> paired;
+    paired.reserve(items.size());
+    for (QRatingItemVirtual* child : items)
+        paired.append(counterparts.take(child->GetRatingItemName()));
+    return paired;
+}
+
+ScoredNode copyNode(QRatingItemVirtual* item, QRatingItemVirtual* standard, int depth,
+                    QSet<QRatingItemVirtual*>& seen);
+
+// Copies children [from, to). seen holds the items with children copied so far: a tree the library
+// got wrong (an item under itself, or one parent listed twice) is copied once, not without end.
+QVector<ScoredNode> copyChildren(const QVector<QRatingItemVirtual*>& items,
+                                 const QVector<QRatingItemVirtual*>& paired, int from, int to, int depth,
+                                 QSet<QRatingItemVirtual*>& seen) {
+    QVector<ScoredNode> copies;
+    copies.reserve(to - from);
+    for (int i = from; i < to; ++i) {
+        if (items[i]->HasChildRatingItem()) {
+            if (seen.contains(items[i]))
+                continue;
+            seen.insert(items[i]);
+        }
+        copies.append(copyNode(items[i], paired[i], depth, seen));
     }
+    return copies;
+}
+
+ScoredNode copyNode(QRatingItemVirtual* item, QRatingItemVirtual* standard, int depth,
+                    QSet<QRatingItemVirtual*>& seen) {
+    ScoredNode node = copyFields(item, standard);
+    if (depth >= maxTreeDepth)
+        return node;
+    const QVector<QRatingItemVirtual*> items = children(item);
+    if (!items.isEmpty())
+        node.items = copyChildren(items, pairUp(items, standard), 0, items.size(), depth + 1, seen);
     return node;
 }
 
@@ -112,11 +176,27 @@ void explainLosses(ScoredNode& node) {
     node.note = node.items.isEmpty() ? leafNote(node) : parentNote(node);
 }
 
-ScoredNode copyTree(QRatingItemVirtual* root, QRatingItemVirtual* standard) {
+ScoredNode copyTree(QRatingItemVirtual* root, QRatingItemVirtual* standard, bool twoThreads) {
     if (!root)
         return ScoredNode();
-    QSet<QRatingItemVirtual*> seen{root};
-    return copyNode(root, standard, 0, seen);
+    const QVector<QRatingItemVirtual*> items = children(root);
+    if (!twoThreads || items.size() < twoThreadChildren) {
+        QSet<QRatingItemVirtual*> seen{root};
+        return copyNode(root, standard, 0, seen);
+    }
+    // The root's children in two halves, one on a second thread, each half with its own guard.
+    ScoredNode node = copyFields(root, standard);
+    const QVector<QRatingItemVirtual*> paired = pairUp(items, standard);
+    const int half = items.size() / 2;
+    const auto copyHalf = [&](int from, int to) {
+        QSet<QRatingItemVirtual*> seen{root};
+        return copyChildren(items, paired, from, to, 1, seen);
+    };
+    std::future<QVector<ScoredNode>> firstHalf = std::async(std::launch::async, copyHalf, 0, half);
+    const QVector<ScoredNode> secondHalf = copyHalf(half, items.size());
+    node.items = firstHalf.get();
+    node.items += secondHalf;
+    return node;
 }
 
 } // namespace Grade

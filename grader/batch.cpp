@@ -143,9 +143,12 @@ bool Batch::deliverAll(const std::function<bool(const CandidateResult&)>& delive
 
 bool gradeBatch(const Host::ProjectFile& standard, const QStringList& files, const Marks& marks,
                 const BatchOptions& options, const std::function<bool(const CandidateResult&)>& deliver) {
-    const int jobs = std::max(options.jobs > 0 ? options.jobs : QThread::idealThreadCount(), 1);
-    Batch batch(standard, files, marks, options.grade, jobs);
+    Batch batch(standard, files, marks, options.grade, batchThreads(options.jobs));
     return batch.deliverAll(deliver, options.progress);
+}
+
+int batchThreads(int jobs) {
+    return std::max(jobs > 0 ? jobs : QThread::idealThreadCount(), 1);
 }
 
 QString progressLine(int done, int total, int secondsLeft) {

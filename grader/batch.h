@@ -35,6 +35,9 @@ struct BatchOptions {
 bool gradeBatch(const Host::ProjectFile& standard, const QStringList& files, const Marks& marks,
                 const BatchOptions& options, const std::function<bool(const CandidateResult&)>& deliver);
 
+// The workers a batch runs: jobs, or one per core when jobs is 0.
+int batchThreads(int jobs);
+
 // "graded 120/650, about 0:42 left" (or "…, estimating time left" before the first result).
 QString progressLine(int done, int total, int secondsLeft);
 

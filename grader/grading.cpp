@@ -11,6 +11,7 @@
 #include "qmarkcategoryvirtual.h"
 #include "qratingitembase.h"
 
+#include <future>
 #include <memory>
 #include <new>
 
@@ -44,6 +45,20 @@ QString unknownResources(Host::ScheduleSide& side) {
         .arg(unknown.join(QStringLiteral(", ")));
 }
 
+// Runs the standard's and the candidate's share of a step, on two threads when the sides are graded
+// together. Whatever either throws reaches the caller once both are done.
+template <typename StandardWork, typename CandidateWork>
+void bothSides(Sides sides, StandardWork standardWork, CandidateWork candidateWork) {
+    if (sides == Sides::OneThread) {
+        standardWork();
+        candidateWork();
+        return;
+    }
+    std::future<void> standardDone = std::async(std::launch::async, standardWork);
+    candidateWork(); // should it throw, the future's destructor still waits for the standard's share
+    standardDone.get();
+}
+
 QString productTitle(int product) {
     return product == MarkCode::ProductShape ? QStringLiteral("Shape building model")
                                              : QStringLiteral("%1 pricing").arg(Host::productName(product));
@@ -52,9 +67,12 @@ QString productTitle(int product) {
 // Grades one schedule category of the two sides into category; false when the library gives no
 // category of the type. Criteria the standard cannot judge are locked at 0 first.
 bool gradeCategory(const Host::ScheduleProject& standard, Host::ScheduleSide& standardSide,
-                   Host::ScheduleSide& candidateSide, CategoryResult& category) {
-    QMarkCategoryVirtual* standardCategory = standardSide.category(category.type);
-    QMarkCategoryVirtual* candidateCategory = candidateSide.category(category.type);
+                   Host::ScheduleSide& candidateSide, CategoryResult& category, Sides sides) {
+    QMarkCategoryVirtual* standardCategory = nullptr;
+    QMarkCategoryVirtual* candidateCategory = nullptr;
+    bothSides(
+        sides, [&] { standardCategory = standardSide.category(category.type); },
+        [&] { candidateCategory = candidateSide.category(category.type); });
     if (!standardCategory || !candidateCategory)
         return false;
     standardCategory->AssignScore(category.full);
@@ -63,7 +81,7 @@ bool gradeCategory(const Host::ScheduleProject& standard, Host::ScheduleSide& st
         lockCriteria(standardRoot, category.full, unjudgeable(standard, standardRoot));
     category.obtained = candidateCategory->ExecuteDBScore(standardCategory);
     if (QRatingItemVirtual* root = MarkPointer::item(candidateCategory->GetRatingItemPtr()))
-        category.tree = copyTree(root, standardRoot);
+        category.tree = copyTree(root, standardRoot, sides == Sides::Together);
     markUnjudged(category.tree, locked);
     if (category.tree.name.isEmpty())
         category.tree.name = category.title;
@@ -71,13 +89,13 @@ bool gradeCategory(const Host::ScheduleProject& standard, Host::ScheduleSide& st
         category.note = QStringLiteral("not judged in the %1 scene: the category has no criteria there")
                             .arg(Host::sceneName(standard.scene));
     // The scored tree is copied out: free both sides' trees before the next category builds its own.
-    standardSide.release(category.type);
-    candidateSide.release(category.type);
+    bothSides(
+        sides, [&] { standardSide.release(category.type); }, [&] { candidateSide.release(category.type); });
     return true;
 }
 
 void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& candidate, const Marks& marks,
-                   CandidateResult& result) {
+                   Sides sides, CandidateResult& result) {
     const int scene = standard.schedule.scene;
     result.notes << sceneNote(scene);
     for (const QString& warning : standard.schedule.warnings)
@@ -100,11 +118,13 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
         category.full = marks.schedule.value(type);
         // A category the host cannot hand over is left out of the totals, the others are graded.
         try {
-            category.note = candidateSide.ungradable(type);
+            bothSides(
+                sides, [&] { standardSide.ungradable(type); },
+                [&] { category.note = candidateSide.ungradable(type); });
             if (type == MarkCode::CategoryNetPrinciple && !standard.schedule.hasDiagram)
                 category.note = QStringLiteral("not gradable: the standard answer has no arrow diagram");
             if (category.note.isEmpty() &&
-                !gradeCategory(standard.schedule, standardSide, candidateSide, category))
+                !gradeCategory(standard.schedule, standardSide, candidateSide, category, sides))
                 category.note =
                     QStringLiteral("not available: the library gives no category of type %1 for the %2 scene")
                         .arg(type)
@@ -132,13 +152,16 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
 }
 
 void gradeTree(const Host::ProjectFile& standard, const Host::ProjectFile& candidate, const Marks& marks,
-               CandidateResult& result) {
+               Sides sides, CandidateResult& result) {
     CategoryResult category;
     category.type = standard.product;
     category.title = productTitle(standard.product);
     category.full = standard.product == MarkCode::ProductShape ? marks.model : marks.pricing;
-    std::unique_ptr<QRatingItemBase> standardRoot(Host::buildRatingTree(standard));
-    std::unique_ptr<QRatingItemBase> candidateRoot(Host::buildRatingTree(candidate));
+    std::unique_ptr<QRatingItemBase> standardRoot;
+    std::unique_ptr<QRatingItemBase> candidateRoot;
+    bothSides(
+        sides, [&] { standardRoot.reset(Host::buildRatingTree(standard)); },
+        [&] { candidateRoot.reset(Host::buildRatingTree(candidate)); });
     if (!standardRoot || !candidateRoot) {
         category.available = false;
         category.note = QStringLiteral("not available: the library gives no rating item for product %1 (%2)")
@@ -147,7 +170,7 @@ void gradeTree(const Host::ProjectFile& standard, const Host::ProjectFile& candi
     } else {
         Host::assignFullMarks(standardRoot.get(), standard.product, category.full);
         category.obtained = candidateRoot->ExecuteDBScore(MarkPointer::fromItem(standardRoot.get()), 1);
-        category.tree = copyTree(candidateRoot.get(), standardRoot.get());
+        category.tree = copyTree(candidateRoot.get(), standardRoot.get(), sides == Sides::Together);
         if (category.tree.name.isEmpty())
             category.tree.name = category.title;
     }
@@ -173,7 +196,7 @@ double CandidateResult::obtained() const {
 }
 
 CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::ProjectFile& candidate,
-                             const Marks& marks) {
+                             const Marks& marks, Sides sides) {
     CandidateResult result;
     result.file = candidate.fileName;
     if (candidate.product != standard.product) {
@@ -183,28 +206,43 @@ CandidateResult gradeProject(const Host::ProjectFile& standard, const Host::Proj
         return result;
     }
     if (standard.kind == Host::ProjectKind::Schedule)
-        gradeSchedule(standard, candidate, marks, result);
+        gradeSchedule(standard, candidate, marks, sides, result);
     else
-        gradeTree(standard, candidate, marks, result);
+        gradeTree(standard, candidate, marks, sides, result);
     for (CategoryResult& category : result.categories)
         explainLosses(category.tree);
     result.graded = true;
     return result;
 }
 
-CandidateResult gradeFile(const Host::ProjectFile& standard, const QString& candidatePath, const Marks& marks,
-                          const Host::ImportOptions& import) {
-    auto candidate = QSharedPointer<Host::ProjectFile>::create();
+CandidateFile readCandidate(const QString& path, const Host::ImportOptions& import) {
+    CandidateFile file;
+    file.path = path;
+    auto project = QSharedPointer<Host::ProjectFile>::create();
     Host::ReadError error;
-    if (!Host::readProjectFile(candidatePath, *candidate, error, import)) {
+    if (Host::readProjectFile(path, *project, error, import))
+        file.project = project;
+    else
+        file.error = error.toString();
+    return file;
+}
+
+CandidateResult gradeCandidate(const Host::ProjectFile& standard, const CandidateFile& candidate,
+                               const Marks& marks, Sides sides) {
+    if (!candidate.project) {
         CandidateResult result;
-        result.file = candidatePath;
-        result.error = error.toString();
+        result.file = candidate.path;
+        result.error = candidate.error;
         return result;
     }
-    CandidateResult result = gradeProject(standard, *candidate, marks);
-    result.project = candidate;
+    CandidateResult result = gradeProject(standard, *candidate.project, marks, sides);
+    result.project = candidate.project;
     return result;
+}
+
+CandidateResult gradeFile(const Host::ProjectFile& standard, const QString& candidatePath, const Marks& marks,
+                          const Host::ImportOptions& import) {
+    return gradeCandidate(standard, readCandidate(candidatePath, import), marks);
 }
 
 } // namespace Grade

@@ -10,7 +10,9 @@
 
 #include <QTextStream>
 
+#include <atomic>
 #include <cstdio>
+#include <future>
 #include <unistd.h>
 
 namespace Grade {
@@ -60,10 +62,34 @@ QList<GradeJob> gradeJobs(const Options& options) {
     return jobs;
 }
 
+// The first candidate, read on a second thread while the standard answer is read, and handed to the
+// worker that grades that file.
+class EarlyRead {
+public:
+    EarlyRead(const QString& path, const Host::ImportOptions& import)
+        : m_path(path), m_read(std::async(std::launch::async, readCandidate, path, import)) {}
+    // The file as read, the first time path is asked for; false for any other file or later call.
+    bool take(const QString& path, CandidateFile& file) {
+        if (path != m_path || m_taken.test_and_set())
+            return false;
+        file = m_read.get();
+        return true;
+    }
+
+private:
+    const QString m_path;
+    std::future<CandidateFile> m_read;
+    std::atomic_flag m_taken = ATOMIC_FLAG_INIT;
+};
+
 enum class SectionOutcome { AllGraded, SomeSkipped, StandardUnreadable, WriteFailed };
 
 SectionOutcome gradeSection(const GradeJob& job, const Marks& marks, const Host::ImportOptions& import,
                             const Options& options, ReportSink& sink) {
+    const int threads = batchThreads(options.jobs);
+    std::unique_ptr<EarlyRead> early;
+    if (threads > 1 && !job.candidates.isEmpty())
+        early = std::make_unique<EarlyRead>(job.candidates.first(), import);
     auto standard = QSharedPointer<Host::ProjectFile>::create();
     Host::ReadError error;
     if (!Host::readProjectFile(job.standardFile, *standard, error, import)) {
@@ -75,8 +101,14 @@ SectionOutcome gradeSection(const GradeJob& job, const Marks& marks, const Host:
     Progress progress(job.candidates.size(), options);
     BatchOptions batch;
     batch.jobs = options.jobs;
-    batch.grade = [import](const Host::ProjectFile& standard, const QString& file, const Marks& marks) {
-        return gradeFile(standard, file, marks, import);
+    // Cores that the candidates leave idle build the standard's side of each pair.
+    const Sides sides = job.candidates.size() < threads ? Sides::Together : Sides::OneThread;
+    batch.grade = [&early, import, sides](const Host::ProjectFile& standard, const QString& file,
+                                          const Marks& marks) {
+        CandidateFile candidate;
+        if (!early || !early->take(file, candidate))
+            candidate = readCandidate(file, import);
+        return gradeCandidate(standard, candidate, marks, sides);
     };
     if (progress.shown())
         batch.progress = [&progress](int done, int total, int left) { progress.update(done, total, left); };

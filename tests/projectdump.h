@@ -16,7 +16,8 @@ namespace TestDump {
 
 using ::row;
 
-// A file of tests/data/formats (the test defines FORMAT_FIXTURES).
+#ifdef FORMAT_FIXTURES
+// A file of tests/data/formats, for the tests that define FORMAT_FIXTURES.
 inline QString fixture(const QString& name) {
     return QStringLiteral(FORMAT_FIXTURES "/") + name;
 }
@@ -25,6 +26,7 @@ inline QByteArray fixtureBytes(const QString& name) {
     QFile file(fixture(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
+#endif
 
 inline QString linkText(const Host::LinkData& link, const QList<Host::WorkItemData>& items) {
     static const char* const types[] = {"FS", "SS", "FF", "SF"};

@@ -125,6 +125,19 @@ private slots:
         QCOMPARE(TestItem::destroyedCount, 6);
     }
 
+    // Items handed over again and again, in and out of order, are still deleted once each.
+    void repeatedHandOversDeleteOnce() {
+        TestItem root("root");
+        QList<TestItem*> items;
+        for (int i = 0; i < 40; ++i)
+            items << root.add(QString::number(i));
+        for (int round = 0; round < 5; ++round)
+            for (int i = round; i < items.size(); i += 3)
+                root.AddRatingItem(MarkPointer::fromItem(items[i]), false);
+        root.ClearRatingItemData();
+        QCOMPARE(TestItem::destroyedCount, 40);
+    }
+
     void everyItemEverHeldIsDeletedOnce() {
         const int liveBefore = TestItem::liveCount;
         {

@@ -3,6 +3,7 @@
 // limits are reported per category instead of aborting, and curve fluctuations stay finite so that
 // no overflow can earn a mark.
 #include "grading.h"
+#include "projectdump.h"
 #include "scoredtree.h"
 #include "projectreader.h"
 #include "scheduleanalysis.h"
@@ -211,6 +212,24 @@ private slots:
         QCOMPARE(result.full(), 75.0);
         marks.limits.diagramNodes = 4;
         QVERIFY(categoryOf(Grade::gradeProject(standard, candidate, marks), 7).available);
+    }
+
+    // A pair graded on two threads (sides built at once, a large root copied in halves) gives the same
+    // result as on one, every criterion, value and remark included.
+    void twoThreadsGradeAsOne() {
+        QStringList names;
+        for (int i = 0; i < 4200; ++i)
+            names << QStringLiteral("item %1").arg(i);
+        const ProjectFile standard = chain(names);
+        names[10] = QStringLiteral("renamed");
+        names.removeAt(4000);
+        names.move(20, 30);
+        const ProjectFile candidate = chain(names);
+        const Grade::CandidateResult one = Grade::gradeProject(standard, candidate, Grade::Marks());
+        const Grade::CandidateResult two =
+            Grade::gradeProject(standard, candidate, Grade::Marks(), Grade::Sides::Together);
+        QVERIFY(one.obtained() < one.full());
+        QCOMPARE(TestDump::graded(two), TestDump::graded(one));
     }
 
     // The candidate's extra items (X, Y) are left out of its network; the logic marks stay the same.

@@ -77,15 +77,17 @@ protected:
     // True when the chain of work-item names runs through the candidate's network.
     bool chainExists(const QStringList& chain) const;
 
+    // The small fields sit together: a schedule has ten or more of these items per work item, and
+    // padding would take the Site item past a 256-byte allocation.
     QString m_uniqueValue;
     QStringList m_logic;
-    bool m_editable = false;
     double m_offset = 0.0;
-    bool m_identical = false;
     QPointer<QRatingItem_Sked> m_linkedItem;
     QMultiMap<QString, int> m_nodeMap;
     int** m_linkMatrix = nullptr;
     int m_nodeCount = 0;
+    bool m_editable = false;
+    bool m_identical = false;
 
 private:
     void reset(QRatingItem_Sked* linkedItem);

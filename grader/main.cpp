@@ -1,5 +1,6 @@
 // markgrade: grades candidates' schedules, pricing files or building-model files against a standard
 // answer through the MarkRule library, and reports where and why marks were lost.
+#include "allocator.h"
 #include "options.h"
 #include "run.h"
 
@@ -25,5 +26,7 @@ int main(int argc, char* argv[]) {
     case Grade::Command::Grade:
         break;
     }
+    if (options.files.size() == 2) // a lone pair
+        Grade::keepFreedPages();
     return Grade::runGrading(options);
 }

@@ -15,6 +15,7 @@
 #include "projectreader.h"
 #include "jsonreport.h"
 #include "output.h"
+#include "pooltask.h"
 
 #include <QDir>
 #include <QFile>
@@ -83,11 +84,12 @@ void gradePair(benchmark::State& state, int standardItems, int candidateItems) {
     qint64 reportBytes = 0;
     for (auto _ : state) {
         std::future<Grade::CandidateFile> candidate =
-            std::async(std::launch::async, Grade::readCandidate, pair.candidate, Host::ImportOptions());
+            Grade::poolTask([&pair] { return Grade::readCandidate(pair.candidate); });
         Host::ProjectFile standard;
         Host::ReadError error;
         if (!Host::readProjectFile(pair.standard, standard, error)) {
             state.SkipWithError(qPrintable(error.toString()));
+            candidate.wait();
             return;
         }
         const Grade::CandidateResult result =

@@ -1,5 +1,6 @@
 #include "grading.h"
 
+#include "pooltask.h"
 #include "projectreader.h"
 #include "scoredtree.h"
 #include "schedulecategories.h"
@@ -54,8 +55,13 @@ void bothSides(Sides sides, StandardWork standardWork, CandidateWork candidateWo
         candidateWork();
         return;
     }
-    std::future<void> standardDone = std::async(std::launch::async, standardWork);
-    candidateWork(); // should it throw, the future's destructor still waits for the standard's share
+    std::future<void> standardDone = poolTask(standardWork);
+    try {
+        candidateWork();
+    } catch (...) {
+        standardDone.wait(); // the standard's share refers to this call's objects
+        throw;
+    }
     standardDone.get();
 }
 

@@ -3,6 +3,7 @@
 #include "batch.h"
 #include "coursesettings.h"
 #include "grading.h"
+#include "pooltask.h"
 #include "formats.h"
 #include "projectreader.h"
 #include "report.h"
@@ -67,7 +68,11 @@ QList<GradeJob> gradeJobs(const Options& options) {
 class EarlyRead {
 public:
     EarlyRead(const QString& path, const Host::ImportOptions& import)
-        : m_path(path), m_read(std::async(std::launch::async, readCandidate, path, import)) {}
+        : m_path(path), m_read(poolTask([path, import] { return readCandidate(path, import); })) {}
+    ~EarlyRead() {
+        if (m_read.valid()) // not taken: the standard answer could not be read, or the batch stopped
+            m_read.wait();
+    }
     // The file as read, the first time path is asked for; false for any other file or later call.
     bool take(const QString& path, CandidateFile& file) {
         if (path != m_path || m_taken.test_and_set())

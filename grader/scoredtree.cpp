@@ -1,5 +1,6 @@
 #include "scoredtree.h"
 
+#include "pooltask.h"
 #include "markpointer.h"
 #include "markrulecodes.h"
 #include "qratingitemvirtual.h"
@@ -192,8 +193,14 @@ ScoredNode copyTree(QRatingItemVirtual* root, QRatingItemVirtual* standard, bool
         QSet<QRatingItemVirtual*> seen{root};
         return copyChildren(items, paired, from, to, 1, seen);
     };
-    std::future<QVector<ScoredNode>> firstHalf = std::async(std::launch::async, copyHalf, 0, half);
-    const QVector<ScoredNode> secondHalf = copyHalf(half, items.size());
+    std::future<QVector<ScoredNode>> firstHalf = poolTask([&] { return copyHalf(0, half); });
+    QVector<ScoredNode> secondHalf;
+    try {
+        secondHalf = copyHalf(half, items.size());
+    } catch (...) {
+        firstHalf.wait(); // the first half refers to this call's lists
+        throw;
+    }
     node.items = firstHalf.get();
     node.items += secondHalf;
     return node;

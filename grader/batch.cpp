@@ -24,11 +24,15 @@ CandidateResult failure(const QString& file, const QString& reason) {
     return result;
 }
 
-// One candidate, whatever happens while grading it.
-CandidateResult gradeGuarded(const GradeFunction& grade, const Host::ProjectFile& standard,
+// One candidate, graded and prepared for its report, whatever happens on the way.
+CandidateResult gradeGuarded(const BatchOptions& options, const Host::ProjectFile& standard,
                              const QString& file, const Marks& marks) {
     try {
-        return grade ? grade(standard, file, marks) : gradeFile(standard, file, marks);
+        CandidateResult result =
+            options.grade ? options.grade(standard, file, marks) : gradeFile(standard, file, marks);
+        if (options.prepare)
+            options.prepare(result);
+        return result;
     } catch (const std::bad_alloc&) {
         return failure(file, QStringLiteral("out of memory while grading"));
     } catch (const std::exception& exception) {
@@ -43,8 +47,8 @@ CandidateResult gradeGuarded(const GradeFunction& grade, const Host::ProjectFile
 class Batch {
 public:
     Batch(const Host::ProjectFile& standard, const QStringList& files, const Marks& marks,
-          const GradeFunction& grade, int jobs)
-        : m_standard(standard), m_files(files), m_marks(marks), m_grade(grade), m_window(2 * jobs) {
+          const BatchOptions& options, int jobs)
+        : m_standard(standard), m_files(files), m_marks(marks), m_options(options), m_window(2 * jobs) {
         for (int worker = 0; worker < std::min(jobs, int(m_files.size())); ++worker)
             m_workers.emplace_back([this] { work(); });
     }
@@ -69,7 +73,7 @@ private:
     const Host::ProjectFile& m_standard;
     const QStringList& m_files;
     const Marks& m_marks;
-    const GradeFunction m_grade;
+    const BatchOptions& m_options;
     const int m_window;
     std::vector<std::thread> m_workers;
 
@@ -94,7 +98,7 @@ void Batch::work() {
                 return;
             index = m_next++;
         }
-        CandidateResult result = gradeGuarded(m_grade, m_standard, m_files.at(index), m_marks);
+        CandidateResult result = gradeGuarded(m_options, m_standard, m_files.at(index), m_marks);
         const std::lock_guard<std::mutex> locker(m_lock);
         m_ready.emplace(index, std::move(result));
         ++m_graded;
@@ -143,7 +147,7 @@ bool Batch::deliverAll(const std::function<bool(const CandidateResult&)>& delive
 
 bool gradeBatch(const Host::ProjectFile& standard, const QStringList& files, const Marks& marks,
                 const BatchOptions& options, const std::function<bool(const CandidateResult&)>& deliver) {
-    Batch batch(standard, files, marks, options.grade, batchThreads(options.jobs));
+    Batch batch(standard, files, marks, options, batchThreads(options.jobs));
     return batch.deliverAll(deliver, options.progress);
 }
 

@@ -25,6 +25,9 @@ struct BatchOptions {
     // How one file is graded: gradeFile when empty. Whatever it throws (std::bad_alloc included)
     // fails that candidate only, with the reason as its error.
     GradeFunction grade;
+    // Called on the worker with each result it graded (ReportSink::prepare); failing there fails the
+    // candidate, as grading would.
+    std::function<void(CandidateResult&)> prepare;
 };
 
 // Grades the files on options.jobs workers and calls deliver on the calling thread with each result,

@@ -49,7 +49,8 @@ QString candidateRows(const CandidateResult& result) {
             csvNode(out, file, category.tree, QString());
         else
             out += file + QLatin1Char(',') + csvField(category.title) + QLatin1Char(',') +
-                   number(category.full) + QStringLiteral(",,,") + csvField(category.note) + QLatin1Char('\n');
+                   number(category.full) + QStringLiteral(",,,") + csvField(category.note) +
+                   QLatin1Char('\n');
     }
     return out;
 }
@@ -114,12 +115,24 @@ bool CsvSink::beginSection(const SectionStart&) {
     return m_sections > 1 || write(*m_rows, QStringLiteral("candidate,path,full,obtained,remark,note\n"));
 }
 
+void CsvSink::prepare(CandidateResult& result) const {
+    result.prepared = candidateRows(result).toUtf8();
+    // The rows are all that the trees and the file were kept for: they go on this worker.
+    for (CategoryResult& category : result.categories)
+        category.tree = ScoredNode();
+    result.project.reset();
+}
+
 bool CsvSink::addCandidate(const CandidateResult& result) {
     ++m_candidates;
     for (const CategoryResult& category : result.categories)
         if (!m_columns.contains(category.type))
             m_columns.insert(category.type, category.title);
-    return spoolSummary(result) && write(*m_rows, candidateRows(result));
+    if (!spoolSummary(result))
+        return false;
+    if (result.prepared)
+        return m_rows->write(*result.prepared) || fail(m_rows->error());
+    return write(*m_rows, candidateRows(result));
 }
 
 bool CsvSink::spoolSummary(const CandidateResult& result) {

@@ -23,6 +23,7 @@ public:
     CsvSink(std::unique_ptr<ReportOutput> rows, std::unique_ptr<ReportOutput> summary);
 
     bool beginSection(const SectionStart& section) override;
+    void prepare(CandidateResult& result) const override;
     bool addCandidate(const CandidateResult& result) override;
     bool endSection() override;
     bool finish() override;

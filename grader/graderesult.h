@@ -11,6 +11,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <optional>
+
 namespace Grade {
 
 struct ScoredNode {
@@ -49,6 +51,9 @@ struct CandidateResult {
     // The candidate's file as read, for reports that draw it (Gantt chart, curves); null when the
     // file could not be read.
     QSharedPointer<const Host::ProjectFile> project;
+    // The candidate's part of the report, rendered by the report format on the worker that graded it
+    // (ReportSink::prepare), which may then have let go of what the format needs no more.
+    std::optional<QByteArray> prepared;
 
     double full() const;
     double obtained() const;

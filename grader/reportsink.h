@@ -23,6 +23,11 @@ public:
     virtual ~ReportSink() = default;
 
     virtual bool beginSection(const SectionStart& section) = 0;
+    // Called on the worker that graded a candidate, on several at once, before the result waits for
+    // its turn: a format renders here what needs only this candidate and may drop what it will not
+    // read again, so that the one thread that writes in order has less to do. It must leave the
+    // sink's own state alone.
+    virtual void prepare(CandidateResult&) const {}
     // A candidate, graded or not (result.graded, result.error); results come in file order.
     virtual bool addCandidate(const CandidateResult& result) = 0;
     virtual bool endSection() = 0;

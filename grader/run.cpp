@@ -115,6 +115,7 @@ SectionOutcome gradeSection(const GradeJob& job, const Marks& marks, const Host:
             candidate = readCandidate(file, import);
         return gradeCandidate(standard, candidate, marks, sides);
     };
+    batch.prepare = [&sink](CandidateResult& result) { sink.prepare(result); };
     if (progress.shown())
         batch.progress = [&progress](int done, int total, int left) { progress.update(done, total, left); };
     bool skipped = false;

@@ -12,7 +12,8 @@ namespace Grade {
 // Copies the candidate's scored tree; standard (may be null) gives each criterion its standard
 // value, pairing children by name in order. With twoThreads, a large root's children are copied in
 // two halves at once (the library's items are only read).
-ScoredNode copyTree(QRatingItemVirtual* root, QRatingItemVirtual* standard = nullptr, bool twoThreads = false);
+ScoredNode copyTree(QRatingItemVirtual* root, QRatingItemVirtual* standard = nullptr,
+                    bool twoThreads = false);
 
 // Fills the note of every schedule criterion that lost marks with an empty remark: the rule that
 // applied and the values it compared.

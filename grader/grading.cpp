@@ -124,6 +124,7 @@ void gradeSchedule(const Host::ProjectFile& standard, const Host::ProjectFile& c
         category.full = marks.schedule.value(type);
         // A category the host cannot hand over is left out of the totals, the others are graded.
         try {
+            // The standard's side is settled beside the candidate's (its diagram analysis is as long).
             bothSides(
                 sides, [&] { standardSide.ungradable(type); },
                 [&] { category.note = candidateSide.ungradable(type); });
